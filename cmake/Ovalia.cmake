@@ -1,0 +1,42 @@
+# One target a folder. Sources are found by name, so a new file needs no entry here.
+
+find_program(CCACHE ccache)
+if(CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+endif()
+
+add_library(ovalia_flags INTERFACE)
+target_compile_options(ovalia_flags INTERFACE -Wall -Wextra -Wpedantic -Werror)
+target_include_directories(ovalia_flags INTERFACE ${PROJECT_SOURCE_DIR})
+if(OVALIA_SANITIZE)
+  target_compile_options(ovalia_flags INTERFACE -fsanitize=${OVALIA_SANITIZE} -fno-omit-frame-pointer
+                         -fno-sanitize-recover=all)
+  target_link_options(ovalia_flags INTERFACE -fsanitize=${OVALIA_SANITIZE})
+endif()
+
+# ovalia_library(NAME [FOLDERS sub...] [LINK target...]): the static library ovalia_NAME of this folder's
+# sources and those of the named subfolders.
+function(ovalia_library name)
+  cmake_parse_arguments(arg "" "" "FOLDERS;LINK" ${ARGN})
+  set(patterns ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  foreach(folder IN LISTS arg_FOLDERS)
+    list(APPEND patterns ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp)
+  endforeach()
+  file(GLOB sources CONFIGURE_DEPENDS ${patterns})
+  list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
+  add_library(ovalia_${name} STATIC ${sources})
+  target_link_libraries(ovalia_${name} PUBLIC ovalia_flags ${arg_LINK})
+endfunction()
+
+# ovalia_tests(NAME [LINK target...]): the test program of tests/NAME, each test known to ctest.
+function(ovalia_tests name)
+  cmake_parse_arguments(arg "" "" "LINK;PROPERTIES" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.cpp)
+  if(NOT sources)
+    return()
+  endif()
+  add_executable(test_${name} ${sources})
+  target_link_libraries(test_${name} PRIVATE ${arg_LINK} GTest::gmock_main)
+  gtest_discover_tests(test_${name} TEST_PREFIX "${name}/" DISCOVERY_TIMEOUT 60
+                       PROPERTIES TIMEOUT 300 ${arg_PROPERTIES})
+endfunction()
