@@ -1,0 +1,130 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+#include "platform/Text.h"
+
+// The data from which forms are made: rows of constexpr tables, one set a form. Places are in twips, relative
+// to the container, at the form's minimum size.
+namespace ovalia::forms {
+
+enum class ControlType : std::uint8_t {
+  Label,
+  TextBox,
+  ComboBox,
+  CheckBox,
+  DTPicker,
+  CommandButton,
+  Frame,
+  Image,
+  Line,
+  Splitter,
+  ListView,
+  ActiveToolBars,
+  ImageList,
+  Menu,
+};
+
+// The runtime's type name, as a type test on a control gives it: "TextBox", "ComboBox" ...
+TextView typeName(ControlType type);
+
+enum Style : std::uint16_t {
+  plain = 0,
+  dropDownList = 1,   // combo: no typing, the text is one of the list's
+  multiLine = 2,      // text box: lines, and Tab leaves it
+  readOnly = 4,       // text box
+  timeOfDay = 8,      // picker: shows hh:mm:ss
+  nullable = 16,      // picker: a check box, unticked is Null
+  labelEdit = 32,     // list: F2 renames
+  hidden = 64,        // not visible at first
+};
+
+struct ControlDesign {
+  TextView name;
+  ControlType type = ControlType::Label;
+  std::uint16_t style = plain;
+  TextView caption = {};
+  TextView tip = {};
+  int left = 0, top = 0, width = 0, height = 0;
+  int tab = -1;             // place in the tab order; -1 is never reached by Tab
+  TextView container = {};  // the frame or splitter that holds it; "" is the form
+  TextView label = {};      // the label or button that names it to assistive software; "" takes its own caption
+  int index = -1;           // place in a control array; -1 is no array
+};
+
+// What a control reports, after the model has changed.
+enum class ControlEvent : std::uint8_t {
+  Change,
+  Click,
+  DblClick,
+  GotFocus,
+  LostFocus,
+  Validate,
+  ShiftEnter,  // KeyDown of Enter with Shift
+  OLEDragDrop,
+  OLEDragOver,
+  ItemClick,
+  MouseUp,
+  AfterLabelEdit,
+};
+
+// What a card raises to the component for a control's event.
+enum class CardEvent : std::uint8_t { Cambio, CogerFoco, Validar, ValidarSinRetener, VerLista };
+
+// "The event of the control becomes the card's event": for Cambio with a field name.
+struct EventRow {
+  TextView control;
+  ControlEvent event;
+  CardEvent raises;
+  TextView field = {};
+};
+
+enum class MovedProperty : std::uint8_t { Left, Width };
+
+// While the form is wider than its minimum, the property is the constant plus what the form has grown.
+struct ResizeRow {
+  TextView control;
+  MovedProperty property;
+  int constant;
+  int index = -1;
+};
+
+using FormMask = std::uint8_t;
+
+// A tool is one thing with one state, wherever it stands on bars and menus. An empty caption on an own row for
+// another form gives that form's caption.
+struct ToolDesign {
+  TextView id;
+  TextView group;  // the category that goes with the id in the `Menu` event
+  TextView caption;
+  TextView tip;
+  FormMask forms;
+};
+
+// A place on a bar or menu, in the order of the rows; an empty id is a separator.
+struct MenuRow {
+  TextView menu;
+  TextView id;
+  FormMask forms;
+};
+
+struct FormDesign {
+  TextView name;
+  TextView caption;
+  int minimumWidth, minimumHeight;  // also the size at first
+  std::span<const ControlDesign> controls;
+  std::span<const EventRow> events;
+  std::span<const ResizeRow> resizes;
+  FormMask mask;  // its bit in the tables of tools and menus
+
+  // Literal names for the error report.
+  TextView resizeName, toolName, searchName, cancelName;
+};
+
+// The part of a form's Width and Height that its frame, menu and toolbar take: ScaleWidth and ScaleHeight are
+// what is left for controls.
+inline constexpr int frameWidth = 120;
+inline constexpr int frameHeight = 1260;
+
+}  // namespace ovalia::forms

@@ -1,0 +1,151 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "forms/Control.h"
+#include "forms/Toolbars.h"
+#include "forms/View.h"
+
+namespace ovalia::forms {
+
+class ControlCollection;
+
+// A window of the program without a toolkit in it. The object exists before its window: the window and its
+// controls come into being, and `Load` is raised, at the first touch of a built-in property or a control.
+// `Hide` ends a modal show and keeps the window; `Unload` asks first, then takes window and controls down and
+// keeps the object. The user acts through the members whose names begin with "user"; what such an action lets
+// escape is logged and goes no further.
+class Form : public Object, public std::enable_shared_from_this<Form> {
+ public:
+  explicit Form(const FormDesign& design);
+  ~Form() override;
+
+  const FormDesign& design() const { return design_; }
+  Text Name() const { return Text(design_.name); }  // does not load
+  bool loaded() const { return loaded_; }
+  bool Visible() const { return visible_; }  // does not load: false on an unloaded form
+
+  const Text& Caption();
+  void setCaption(TextView caption);
+  bool KeyPreview();
+  void setKeyPreview(bool on);
+  double Left();
+  double Top();
+  double Width();
+  double Height();
+  double ScaleWidth();
+  double ScaleHeight();
+  void setLeft(double twips);
+  void setTop(double twips);
+  void setWidth(double twips);
+  void setHeight(double twips);
+  int WindowState();  // 0 normal, 1 minimised, 2 maximised
+  void setWindowState(int state);
+
+  // A control by name, of an array by index; failure 730 when there is none.
+  ControlRef control(TextView name, int index = -1);
+  template <class Kind>
+  std::shared_ptr<Kind> as(TextView name);  // 13 when it is of another kind
+  bool hasControl(TextView name);
+  const std::vector<ControlRef>& controls();
+  ObjectRef Controls();  // the collection as a late-bound object
+  ActiveToolBars& toolbars();  // SSAtb
+
+  // Empty before the first show.
+  ControlRef ActiveControl();
+
+  // Modal: returns when the form is hidden or unloaded. 400 when it is shown already.
+  void Show();
+  void Hide();
+  bool Unload();  // false when the closing was refused; true at once on a form without a window
+  void SetFocus();
+
+  // For controls: the focus goes to `target`; false when Validate kept it.
+  bool moveFocus(Control& target);
+
+  FormView* view() { return view_.get(); }
+
+  // What the user does with the window.
+  bool userFocuses(Control& control);
+  void userTabs(bool forward = true);
+  void userKey(int keyCode, int shift);  // virtual-key code; 1 Shift, 2 Ctrl, 4 Alt
+  bool userCloses();
+  void userMoves(double left, double top);
+  void userResizes(double width, double height);
+  void userSetsWindowState(int state);
+  void userDragsOver(Control& control, const ObjectRef& data, std::int32_t& effect);
+  void userDrops(Control& control, const ObjectRef& data);
+
+  // Runs something the user did: this form is the screen's active one meanwhile, and a failure that no
+  // procedure trapped is logged.
+  void userAction(const std::function<void()>& action);
+
+  Variant get(TextView member, Arguments arguments = {}) override;
+  void put(TextView member, const Variant& value, Arguments arguments = {}) override;
+  Variant call(TextView member, Arguments arguments = {}) override;
+
+ protected:
+  // What the kind of form makes of its events.
+  virtual void onLoad() {}
+  virtual void onUnload(bool& cancel) { (void)cancel; }
+  virtual void onResize() {}
+  virtual void onKeyDown(int keyCode, int shift) { (void)keyCode, (void)shift; }
+  virtual void onControl(Control& control, ControlEvent event) { (void)control, (void)event; }
+  virtual void onValidate(Control& control, bool& cancel) { (void)control, (void)cancel; }
+  virtual void onTool(ActiveToolBars::Tool& tool) { (void)tool; }
+  virtual void onToolAt(ActiveToolBars::Tool& tool, Point at) { (void)tool, (void)at; }
+  virtual void onMouseUp(ListView& list, int button) { (void)list, (void)button; }
+  virtual void onLabelEdit(ListView& list, TextView text) { (void)list, (void)text; }
+  virtual void onDragOver(Control& control, const ObjectRef& data, std::int32_t& effect) {
+    (void)control, (void)data, (void)effect;
+  }
+  virtual void onDragDrop(Control& control, const ObjectRef& data) { (void)control, (void)data; }
+  virtual bool callOwn(TextView member, Arguments arguments, Variant& result) {
+    (void)member, (void)arguments, (void)result;
+    return false;
+  }
+
+  void load();
+
+ private:
+  friend class Control;
+  friend class CommandButton;
+  friend class ListView;
+  friend class ActiveToolBars;
+
+  void resized(double width, double height);
+  void takeDown();
+  ControlRef firstInTabOrder();
+  ControlRef nextInTabOrder(const ControlRef& from, bool forward);
+
+  const FormDesign& design_;
+  bool loaded_ = false;
+  bool loading_ = false;
+  bool unloading_ = false;
+  bool visible_ = false;
+  bool keyPreview_ = false;
+  Text caption_;
+  double left_ = 0, top_ = 0, width_ = 0, height_ = 0;
+  int windowState_ = 0;
+  std::vector<ControlRef> controls_;
+  ControlRef active_;
+  bool movingFocus_ = false;
+  std::shared_ptr<FormView> view_;
+};
+
+using FormRef = std::shared_ptr<Form>;
+
+template <class Kind>
+std::shared_ptr<Kind> Form::as(TextView name) {
+  auto found = std::dynamic_pointer_cast<Kind>(control(name));
+  if (!found) throw Failure(failure::typeMismatch);
+  return found;
+}
+
+// What collides with names of the old system's form: Unload as a statement.
+inline bool Unload(Form& form) { return form.Unload(); }
+
+}  // namespace ovalia::forms
