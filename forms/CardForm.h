@@ -11,10 +11,10 @@ class CardForm : public Form {
  public:
   using Form::Form;
 
-  Event<Text&> ActualizaDocs;          // new text of an item; frmNota only
-  Event<Text&, Text&> Menu;            // category, tool id
-  Event<ControlRef&, bool&> Validar;   // control, cancel
-  Event<ControlRef&, Text&> Cambio;    // control, field name
+  Event<Text&> ActualizaDocs;         // new text of an item; frmNota only
+  Event<Text&, Text&> Menu;           // category, tool id
+  Event<ControlRef&, bool&> Validar;  // control, cancel
+  Event<ControlRef&, Text&> Cambio;   // control, field name
   Event<ControlRef&> CogerFoco;
   Event<std::int16_t&, std::int16_t&> KeyDown;  // virtual-key code, shift mask
   Event<> Load;
@@ -24,8 +24,8 @@ class CardForm : public Form {
   Event<ObjectRef&> OLEDragDrop;
   Event<ObjectRef&, std::int32_t&> OLEDragOver;
 
-  // The splitter takes the height there is, and the controls of the resize table what the form has grown. Never
-  // below the minimum size.
+  // The splitter takes the height there is, and the controls of the resize table what the form has grown.
+  // Never below the minimum size.
   void Form_Resize();
 
   bool BuscarElemento(std::int16_t modo, TextView criterio);
@@ -36,6 +36,9 @@ class CardForm : public Form {
   void setFilling(bool filling) { filling_ = filling; }
 
  protected:
+  // Kept for a button that the cards do not have; closing goes through the window and the tool.
+  void cmdCancelar_Click();
+
   void onLoad() override;
   void onUnload(bool& cancel) override;
   void onResize() override;
@@ -51,8 +54,8 @@ class CardForm : public Form {
   bool callOwn(TextView member, Arguments arguments, Variant& result) override;
 
  private:
-  void raise(Control& control, const EventRow& row);
-  void cmdCancelar_Click();
+  std::uint16_t eventsOf(const Control& control, std::uint16_t wanted, Text* field = nullptr) const;
+  void raiseCambio(Text field);
 
   bool itemPulsado_ = false;
   bool filling_ = false;

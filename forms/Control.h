@@ -28,10 +28,10 @@ enum class Property : std::uint8_t {
   PaneWidth,
 };
 
-// One control of a loaded form. It lives as long as the form's window; its state starts from the design at each
-// load. As a late-bound object it has the members named below and its value as the default member; a member
-// that its kind lacks is failure 438. Assigning a value from code raises Change or Click as the user's doing
-// would, if the value really changes.
+// One control of a loaded form. It lives as long as the form's window; its state starts from the design at
+// each load. As a late-bound object it has the members named below and its value as the default member; a
+// member that its kind lacks is failure 438. Assigning a value from code raises Change or Click as the user's
+// doing would, if the value really changes.
 class Control : public Object {
  public:
   Control(Form& form, const ControlDesign& design);
@@ -104,8 +104,9 @@ class TextBox : public Control {
   int SelLength() const { return selLength_; }
   void setSelection(int start, int length);  // UTF-16 units, cut to the text
 
-  void userTypes(TextView text);  // the whole new text; nothing on a disabled or read-only box
+  void userTypes(TextView text);            // the whole new text; nothing on a disabled or read-only box
   void userSelects(int start, int length);  // the view says what is selected now
+  void userDoubleClicks();
 
   Variant value() const override { return text_; }
   void setValue(const Variant& value) override;
@@ -244,8 +245,8 @@ class ListView : public Control {
 
   const std::vector<ListItem>& items() const { return items_; }
   void Clear();
-  void Add(ListItem item);  // 35602 when the key is there already
-  const ListItem& item(int index) const;  // from 1; 35600 out of bounds
+  void Add(ListItem item);                         // 35602 when the key is there already
+  const ListItem& item(int index) const;           // from 1; 35600 out of bounds
   int selectedIndex() const { return selected_; }  // from 1; 0 is none
   void select(int index);
   int View() const { return view_; }

@@ -31,13 +31,13 @@ TextView typeName(ControlType type);
 
 enum Style : std::uint16_t {
   plain = 0,
-  dropDownList = 1,   // combo: no typing, the text is one of the list's
-  multiLine = 2,      // text box: lines, and Tab leaves it
-  readOnly = 4,       // text box
-  timeOfDay = 8,      // picker: shows hh:mm:ss
-  nullable = 16,      // picker: a check box, unticked is Null
-  labelEdit = 32,     // list: F2 renames
-  hidden = 64,        // not visible at first
+  dropDownList = 1,  // combo: no typing, the text is one of the list's
+  multiLine = 2,     // text box: lines, and Tab leaves it
+  readOnly = 4,      // text box
+  timeOfDay = 8,     // picker: shows hh:mm:ss
+  nullable = 16,     // picker: a check box, unticked is Null
+  labelEdit = 32,    // list: F2 renames
+  hidden = 64,       // not visible at first
 };
 
 struct ControlDesign {
@@ -49,8 +49,8 @@ struct ControlDesign {
   int left = 0, top = 0, width = 0, height = 0;
   int tab = -1;             // place in the tab order; -1 is never reached by Tab
   TextView container = {};  // the frame or splitter that holds it; "" is the form
-  TextView label = {};      // the label or button that names it to assistive software; "" takes its own caption
-  int index = -1;           // place in a control array; -1 is no array
+  TextView label = {};  // the label or button that names it to assistive software; "" takes its own caption
+  int index = -1;       // place in a control array; -1 is no array
 };
 
 // What a control reports, after the model has changed.
@@ -69,14 +69,28 @@ enum class ControlEvent : std::uint8_t {
   AfterLabelEdit,
 };
 
-// What a card raises to the component for a control's event.
-enum class CardEvent : std::uint8_t { Cambio, CogerFoco, Validar, ValidarSinRetener, VerLista };
+// What becomes of a control's events on a card; a row holds the sum of those that its control raises.
+enum EventSet : std::uint16_t {
+  onChange = 1,          // Change -> Cambio with the field's name
+  onClick = 2,           // Click -> Cambio with the field's name
+  onFocus = 4,           // GotFocus -> CogerFoco
+  onValidateHold = 8,    // Validate -> Validar; a refusal keeps the focus
+  onLeave = 16,          // LostFocus -> Validar; a refusal is ignored
+  onShiftEnter = 32,     // -> VerLista
+  onClickList = 64,      // Click -> VerLista
+  onDblClickList = 128,  // DblClick -> VerLista
+  onDrag = 256,          // OLEDragOver and OLEDragDrop, each to its own
+  onItems = 512,         // ItemClick, DblClick and MouseUp of the document list
+  onLabelEdit = 1024,    // AfterLabelEdit -> ActualizaDocs
+};
+inline constexpr std::uint16_t textEvents = onChange | onFocus | onValidateHold;
+inline constexpr std::uint16_t comboEvents = textEvents | onClick;
+inline constexpr std::uint16_t dropDownEvents = onClick | onFocus | onValidateHold;
+inline constexpr std::uint16_t checkEvents = onClick | onFocus | onLeave;
 
-// "The event of the control becomes the card's event": for Cambio with a field name.
 struct EventRow {
   TextView control;
-  ControlEvent event;
-  CardEvent raises;
+  std::uint16_t events;
   TextView field = {};
 };
 
@@ -92,8 +106,8 @@ struct ResizeRow {
 
 using FormMask = std::uint8_t;
 
-// A tool is one thing with one state, wherever it stands on bars and menus. An empty caption on an own row for
-// another form gives that form's caption.
+// A tool is one thing with one state, wherever it stands on bars and menus. Where forms caption it
+// differently it has a row for each caption.
 struct ToolDesign {
   TextView id;
   TextView group;  // the category that goes with the id in the `Menu` event

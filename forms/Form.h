@@ -2,7 +2,6 @@
 
 #include <functional>
 #include <memory>
-#include <optional>
 #include <vector>
 
 #include "forms/Control.h"
@@ -10,8 +9,6 @@
 #include "forms/View.h"
 
 namespace ovalia::forms {
-
-class ControlCollection;
 
 // A window of the program without a toolkit in it. The object exists before its window: the window and its
 // controls come into being, and `Load` is raised, at the first touch of a built-in property or a control.
@@ -51,7 +48,7 @@ class Form : public Object, public std::enable_shared_from_this<Form> {
   std::shared_ptr<Kind> as(TextView name);  // 13 when it is of another kind
   bool hasControl(TextView name);
   const std::vector<ControlRef>& controls();
-  ObjectRef Controls();  // the collection as a late-bound object
+  ObjectRef Controls();        // the collection as a late-bound object
   ActiveToolBars& toolbars();  // SSAtb
 
   // Empty before the first show.
@@ -118,12 +115,13 @@ class Form : public Object, public std::enable_shared_from_this<Form> {
 
   void resized(double width, double height);
   void takeDown();
+  ControlRef find(TextView name, int index);
+  ControlRef ownerOf(const Control& control) const;
   ControlRef firstInTabOrder();
   ControlRef nextInTabOrder(const ControlRef& from, bool forward);
 
   const FormDesign& design_;
   bool loaded_ = false;
-  bool loading_ = false;
   bool unloading_ = false;
   bool visible_ = false;
   bool keyPreview_ = false;
@@ -132,8 +130,9 @@ class Form : public Object, public std::enable_shared_from_this<Form> {
   int windowState_ = 0;
   std::vector<ControlRef> controls_;
   ControlRef active_;
-  bool movingFocus_ = false;
   std::shared_ptr<FormView> view_;
+  int handlers_ = 0;                  // of this form that are running now
+  std::vector<ControlRef> departed_;  // controls taken down while a handler ran
 };
 
 using FormRef = std::shared_ptr<Form>;
@@ -144,8 +143,5 @@ std::shared_ptr<Kind> Form::as(TextView name) {
   if (!found) throw Failure(failure::typeMismatch);
   return found;
 }
-
-// What collides with names of the old system's form: Unload as a statement.
-inline bool Unload(Form& form) { return form.Unload(); }
 
 }  // namespace ovalia::forms

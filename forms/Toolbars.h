@@ -1,7 +1,9 @@
 #pragma once
 
-#include <deque>
+#include <memory>
 #include <optional>
+#include <span>
+#include <vector>
 
 #include "forms/Control.h"
 
@@ -36,8 +38,8 @@ class ActiveToolBars : public Control {
     bool visible_ = true;
   };
 
-  Tool& tool(TextView id);  // 35601 when the id is unknown
-  const std::deque<Tool>& tools() const { return tools_; }
+  std::shared_ptr<Tool> tool(TextView id);  // 35601 when the id is unknown
+  const std::vector<std::shared_ptr<Tool>>& tools() const { return tools_; }
 
   // Ids in their order, "" for a separator. Bars: "Menu" and "Herramientas"; menus by the id of their tool.
   std::vector<Text> contents(TextView menu) const;
@@ -45,8 +47,8 @@ class ActiveToolBars : public Control {
 
   void PopupMenu(TextView menu, std::optional<Point> at = {});  // 35601 when there is no such menu
 
-  void userSelects(TextView id);           // `Menu`, of an enabled and visible tool
-  void userOpensMenu(TextView id);         // reports the menus that want to be told, before they are displayed
+  void userSelects(TextView id);    // `Menu`, of an enabled and visible tool
+  void userOpensMenu(TextView id);  // reports the menus that want to be told, before they are displayed
   void userPressesArrow(TextView id, Point at);  // the arrow of a split button
 
  protected:
@@ -54,7 +56,7 @@ class ActiveToolBars : public Control {
   bool callOwn(TextView member, Arguments arguments, Variant& result) override;
 
  private:
-  std::deque<Tool> tools_;
+  std::vector<std::shared_ptr<Tool>> tools_;
 };
 
 // The tables that all cards share.
