@@ -37,8 +37,8 @@ inline constexpr std::int32_t elementNotFound = 35601;
 inline constexpr std::int32_t keyNotUnique = 35602;
 }  // namespace failure
 
-// A failure of the runtime, the database or the surroundings. It is thrown inside a procedure and never leaves
-// it: the procedure's trap reports it.
+// A failure of the runtime, the database or the surroundings. It is thrown inside a procedure and never
+// leaves it: the procedure's trap reports it.
 class Failure : public std::exception {
  public:
   // An empty description takes the standard Spanish text of the number.

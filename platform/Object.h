@@ -16,8 +16,8 @@ class Variant;
 using Arguments = std::span<Variant>;
 
 // Something reached by member name at run time: a host's form, a control, an outside component. Names match
-// without regard to case. A missing member is failure 438, a wrong number of arguments 450; any member may fail
-// with a number of its own.
+// without regard to case. A missing member is failure 438, a wrong number of arguments 450; any member may
+// fail with a number of its own.
 class Object {
  public:
   virtual ~Object() = default;

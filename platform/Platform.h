@@ -20,8 +20,8 @@ class Screen {
  public:
   virtual ~Screen() = default;
 
-  virtual ObjectRef activeForm() = 0;     // empty when there is none
-  virtual ObjectRef activeControl() = 0;  // of the active form; empty when there is none
+  virtual ObjectRef activeForm() = 0;          // empty when there is none
+  virtual ObjectRef activeControl() = 0;       // of the active form; empty when there is none
   virtual std::vector<ObjectRef> forms() = 0;  // loaded forms, in the order they were loaded
 
   virtual int mousePointer() = 0;  // 0 default, 11 hourglass
@@ -49,8 +49,8 @@ class Settings {
 };
 
 // Files by "\"-separated paths. Each component of a path is looked up without regard to case, an exact match
-// first; doubled separators count as one. A path without a folder, and one with a drive letter, does not exist
-// (76). Failures: 53, 58, 61, 70, 75, 76.
+// first; doubled separators count as one. A path without a folder, and one with a drive letter, does not
+// exist (76). Failures: 53, 58, 61, 70, 75, 76.
 class Files {
  public:
   static constexpr int directoryAttribute = 16;
@@ -183,8 +183,8 @@ struct Platform {
   static bool installed();
 };
 
-// The regional settings of this thread's platform with the clock's year in them; the Spanish defaults where no
-// platform is installed.
+// The regional settings of this thread's platform with the clock's year in them; the Spanish defaults where
+// no platform is installed.
 Regional regionalNow();
 
 // Makes a platform this thread's for as long as it lives, then puts the one before back.

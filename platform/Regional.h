@@ -39,16 +39,21 @@ struct Regional {
   Text dateText(Date date) const;
 
   // Day first; separators "/", "-", "."; the time is optional, a time alone is on day zero. The date part
-  // "30-12-99" with hyphens is day zero. Nothing when the text is no date. Where day-month order names no date
-  // and month-day does, it is month-day.
+  // "30-12-99" with hyphens is day zero. Nothing when the text is no date. Where day-month order names no
+  // date and month-day does, it is month-day.
   std::optional<Date> dateFromText(TextView text) const;
 
   // Shortest text that reads back, decimal comma, no grouping.
   Text numberText(double number) const;
   Text numberText(Currency amount) const;
 
-  // Regional decimal sign and grouping, surrounding blanks, exponent, &H and &O; nothing when it is no number.
+  // Regional decimal sign and grouping, surrounding blanks, exponent, &H and &O; nothing when it is no
+  // number. Grouping signs are passed over wherever they stand among the whole digits: "1.5" is fifteen in
+  // Spanish. A number beyond the range of doubles comes out infinite.
   std::optional<double> numberFromText(TextView text) const;
+
+  // The same to the exact amount, half to even at the fourth decimal; failure 6 beyond the range of amounts.
+  std::optional<Currency> amountFromText(TextView text) const;
 };
 
 // Format(date, pattern) for patterns of d, M/m, y, h, n, s runs in either case ("m" right after hours is

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <concepts>
 #include <cstdint>
 #include <string>
 #include <variant>
@@ -43,8 +44,8 @@ struct NullValue {
 inline constexpr NullValue Null{};
 
 // The dynamic value of the runtime. Conversions follow the classic rules: to a whole number half to even, out
-// of range 6, a text that is no number or date 13, Null into anything but a Variant 94; True is -1 as a number.
-// Texts of numbers and dates follow the installed platform's regional settings.
+// of range 6, a text that is no number or date 13, Null into anything but a Variant 94; True is -1 as a
+// number. Texts of numbers and dates follow the installed platform's regional settings.
 class Variant {
  public:
   Variant() = default;
@@ -62,8 +63,7 @@ class Variant {
   Variant(const char16_t* v) : value_(Text(v)) {}
   Variant(ObjectRef v) : value_(std::move(v)) {}
   template <class T>
-    requires std::derived_from<T, Object>
-  Variant(std::shared_ptr<T> v) : value_(ObjectRef(std::move(v))) {}
+  requires std::derived_from<T, Object> Variant(std::shared_ptr<T> v) : value_(ObjectRef(std::move(v))) {}
   Variant(const void*) = delete;
 
   VarType type() const;
@@ -74,7 +74,11 @@ class Variant {
   // Whether the value is a number or a text that converts to one ("1,5", "1e2", "&H10", " 12 ").
   bool isNumeric() const;
 
-  // An object gives its default member where one of these asks for a plain value.
+  // The value itself; of an object its default member, and that one's where it is an object again. Failures:
+  // 91 for an empty reference, 438 without a default member, 13 where objects lead on to objects for ever.
+  Variant plain() const;
+
+  // An object gives its plain value. Infinite doubles are out of range.
   bool toBoolean() const;
   std::uint8_t toByte() const;
   std::int16_t toInteger() const;
@@ -82,9 +86,9 @@ class Variant {
   double toDouble() const;
   Currency toCurrency() const;
   Date toDate() const;
-  Text toText() const;           // CStr: Null is 94
-  Text text() const;             // "" & value: Null and Empty are ""
-  ObjectRef toObject() const;    // 13 when it is no object; an empty reference comes back empty
+  Text toText() const;         // CStr: Null is 94
+  Text text() const;           // "" & value: Null and Empty are ""
+  ObjectRef toObject() const;  // 13 when it is no object; an empty reference comes back empty
 
   // Whether a condition on the value is met; Null is not met, a text that is no number or word is 13.
   bool holds() const;
@@ -93,11 +97,10 @@ class Variant {
   std::variant<std::monostate, NullValue, bool, std::uint8_t, std::int16_t, std::int32_t, float, double,
                Currency, Date, Text, ObjectRef>
       value_;
-  friend Variant compareEqual(const Variant&, const Variant&);
 };
 
-// The runtime's "=": numbers by value, texts exactly by code unit, a text against a number by value (13 when it
-// is no number), a date as its number. Null on a side gives Null, else a Boolean.
+// The runtime's "=": numbers by value, texts exactly by code unit, a text against a number by value (13 when
+// it is no number), a date as its number. Null on a side gives Null, else a Boolean.
 Variant compareEqual(const Variant& a, const Variant& b);
 
 // The runtime's "<" by the same rules.

@@ -97,8 +97,9 @@ class Fields : public Object {
 };
 
 // A set of rows with a current one. A dynaset holds the keys as they were when it was opened (new rows of
-// others do not appear) and reads each row when it is needed; a snapshot is a copy.
-class Recordset : public Object {
+// others do not appear) and reads each row when it is needed; a snapshot is a copy. Derived classes have its
+// shared_from_this and bring none of their own.
+class Recordset : public Object, public std::enable_shared_from_this<Recordset> {
  public:
   virtual bool isBOF() const = 0;
   virtual bool isEOF() const = 0;
@@ -119,9 +120,9 @@ class Recordset : public Object {
   virtual void FindNext(TextView criterion) = 0;
   virtual void FindPrevious(TextView criterion) = 0;
 
-  // Edit: 3021, 3167, 3027. Update writes the fields assigned since, no others, whoever wrote meanwhile: 3020,
-  // 3022, 3201, 3314, 3163, 3260, 3167. A failed Update leaves the edit pending. Delete: 3200; afterwards there
-  // is no current row until a move or find.
+  // Edit: 3021, 3167, 3027. Update writes the fields assigned since, no others, whoever wrote meanwhile:
+  // 3020, 3022, 3201, 3314, 3163, 3260, 3167. A failed Update leaves the edit pending. Delete: 3200;
+  // afterwards there is no current row until a move or find.
   virtual void Edit() = 0;
   virtual void Update(int type = 1, bool force = false) = 0;
   virtual void CancelUpdate() = 0;
@@ -164,8 +165,8 @@ class Database {
   // Text of a SELECT or the name of a table. Failures: 3061, 3075, 3078, 3260.
   virtual RecordsetRef OpenRecordset(TextView sql, RecordsetType type = dbOpenDynaset) = 0;
 
-  // A row that a constraint refuses counts 0 and is no failure; syntax, unknown names, conversion, a locked or
-  // read-only database are.
+  // A row that a constraint refuses counts 0 and is no failure; syntax, unknown names, conversion, a locked
+  // or read-only database are.
   virtual void Execute(TextView sql) = 0;
 
   // Of the last Execute, whatever recordsets did since.
