@@ -1,0 +1,9 @@
+#include "attachments/AddingAttachments.h"
+
+namespace ovalia {
+
+void dNota_OLEDragOver(Instance&, const ObjectRef&, std::int32_t&) {}
+
+void dNota_OLEDragDrop(Instance&, const ObjectRef&) {}
+
+}  // namespace ovalia

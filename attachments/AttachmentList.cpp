@@ -1,0 +1,9 @@
+#include "attachments/AttachmentList.h"
+
+namespace ovalia {
+
+void RefrescoDocs(Instance&) {}
+
+void dlgNota_ActualizaDocs(Instance&, TextView) {}
+
+}  // namespace ovalia

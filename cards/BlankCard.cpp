@@ -1,0 +1,7 @@
+#include "cards/BlankCard.h"
+
+namespace ovalia {
+
+void FichaLimpia(Instance&) {}
+
+}  // namespace ovalia

@@ -1,0 +1,7 @@
+#include "commands/CommandRouting.h"
+
+namespace ovalia {
+
+void dNota_Menu(Instance&, TextView, TextView) {}
+
+}  // namespace ovalia

@@ -1,0 +1,7 @@
+#include "commands/ToolState.h"
+
+namespace ovalia {
+
+void CambiarMenu(Instance&, TextView, std::int32_t, TextView) {}
+
+}  // namespace ovalia

@@ -1,0 +1,65 @@
+#include "component/CNota.h"
+
+#include "attachments/AttachmentList.h"
+#include "cards/BlankCard.h"
+#include "cards/RecordToCard.h"
+#include "component/OpenAndClose.h"
+#include "instance/Instance.h"
+#include "routines/ModuleValues.h"
+
+namespace ovalia {
+
+CNota::CNota() : instance_(std::make_unique<Instance>(*this)) {}
+
+CNota::~CNota() { Class_Terminate(*instance_); }
+
+void CNota::PathDB(Text path) { moduleValues().PathDB = std::move(path); }
+void CNota::cgDB(dao::DatabaseRef connection) { moduleValues().cgDB = std::move(connection); }
+void CNota::ErrLogPath(Text path) { moduleValues().ErrLogPath = std::move(path); }
+
+void CNota::CreaNota() { ovalia::CreaNota(*instance_); }
+void CNota::AbreNota() { ovalia::AbreNota(*instance_); }
+
+void CNota::RefrescoFicha() { ovalia::RefrescoFicha(*instance_, u""); }
+void CNota::RefrescoFicha(Text& Accion) { ovalia::RefrescoFicha(*instance_, Accion); }
+
+void CNota::RefrescoDocs() { ovalia::RefrescoDocs(*instance_); }
+void CNota::FichaLimpia() { ovalia::FichaLimpia(*instance_); }
+void CNota::CambiarMenuNotas() {}
+void CNota::CrearModelo(Text&, Text&) {}
+void CNota::AdjuntarDocumento(bool) {}
+void CNota::ImprimirNota() {}
+void CNota::EMailNota() {}
+void CNota::AdjuntarPlantilla(bool) {}
+void CNota::AdjuntarModelo(bool) {}
+
+bool CNota::BorrarDocNota(Text& NArch) {
+  bool Preguntar = true;
+  return BorrarDocNota(NArch, Preguntar);
+}
+bool CNota::BorrarDocNota(Text&, bool&) { return false; }
+
+Text CNota::CreaPathDoc(std::int32_t) { return {}; }
+
+Text CNota::CreaNombreDoc(std::int32_t IdBase) {
+  Text ext;
+  return CreaNombreDoc(IdBase, ext);
+}
+Text CNota::CreaNombreDoc(std::int32_t, Text&) { return {}; }
+
+bool CNota::AniadirArch(Text, Text) { return false; }
+Text CNota::GenerarNombreCopia(Text&) { return {}; }
+void CNota::Borrar(bool, Text) {}
+
+void CNota::BorrarUno() {
+  std::int32_t ParamBorrar = -1;
+  BorrarUno(ParamBorrar);
+}
+void CNota::BorrarUno(std::int32_t&, Text) {}
+
+bool CNota::SemiBorrar(std::int32_t) { return false; }
+void CNota::AfterBorrar(std::int32_t) {}
+void CNota::TrasladaNotas(std::int32_t&, std::int32_t&) {}
+void CNota::Buscar_Nota() {}
+
+}  // namespace ovalia

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "instance/NotaSurface.h"
+
+namespace ovalia {
+
+struct Instance;
+
+// The annotations of one list: notes, visits, advertisements or telephone calls. The host sets the
+// properties, stands `crs` on a row and calls AbreNota, or calls CreaNota for a new one; both return when the
+// card has closed. Everything runs on the thread that made the object, under the platform installed there. No
+// member throws: what goes wrong is reported to the user and logged, and the call returns with what it had
+// reached.
+class CNota : public NotaSurface {
+ public:
+  CNota();
+  ~CNota();  // closes and lets go of the cards
+  CNota(const CNota&) = delete;
+  CNota& operator=(const CNota&) = delete;
+
+  // One value for all objects of the thread; each stays until it is set again.
+  static void PathDB(Text path);
+  static void cgDB(dao::DatabaseRef connection);
+  static void ErrLogPath(Text path);  // full path of the log, in either form
+
+  void CreaNota();
+  void AbreNota();
+
+  // Shows the current row of `crs` on the card again.
+  void RefrescoFicha();
+  void RefrescoFicha(Text& Accion);
+
+  // Those below have no effect yet, and give false or "".
+  void RefrescoDocs();
+  void FichaLimpia();
+  void CambiarMenuNotas();
+  void CrearModelo(Text& NArch, Text& NOrg);
+  void AdjuntarDocumento(bool NotaGrabada = true);
+  void ImprimirNota();
+  void EMailNota();
+  void AdjuntarPlantilla(bool NotaGrabada = true);
+  void AdjuntarModelo(bool NotaGrabada = true);
+  bool BorrarDocNota(Text& NArch);
+  bool BorrarDocNota(Text& NArch, bool& Preguntar);
+  Text CreaPathDoc(std::int32_t Id);
+  Text CreaNombreDoc(std::int32_t IdBase);
+  Text CreaNombreDoc(std::int32_t IdBase, Text& ext);
+  bool AniadirArch(Text NOrg, Text NProg);
+  Text GenerarNombreCopia(Text& nombre);
+  void Borrar(bool Preguntar = true, Text Accion = {});
+  void BorrarUno();
+  void BorrarUno(std::int32_t& ParamBorrar, Text Accion = {});
+  bool SemiBorrar(std::int32_t NumBorrar);
+  void AfterBorrar(std::int32_t NumBorrar);
+  void TrasladaNotas(std::int32_t& NuevoId, std::int32_t& NuevoCliente);
+  void Buscar_Nota();
+
+ private:
+  std::unique_ptr<Instance> instance_;
+};
+
+}  // namespace ovalia
