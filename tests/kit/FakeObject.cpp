@@ -29,7 +29,7 @@ FakeObject& FakeObject::answering(TextView member, Method method) {
   return *this;
 }
 
-FakeObject& FakeObject::answering(TextView member, Variant value) {
+FakeObject& FakeObject::giving(TextView member, Variant value) {
   return answering(member, [value](Arguments) { return value; });
 }
 

@@ -27,7 +27,7 @@ class FakeObject : public Object {
   // Setting the scene; each gives the object back for the next.
   FakeObject& with(TextView property, Variant value);
   FakeObject& answering(TextView member, Method method);
-  FakeObject& answering(TextView member, Variant value);  // a method with a fixed answer
+  FakeObject& giving(TextView member, Variant value);  // a method with a fixed answer
   FakeObject& failing(TextView member, std::int32_t number);
   FakeObject& strict();
 
