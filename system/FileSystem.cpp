@@ -1,0 +1,101 @@
+#include "system/FileSystem.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <filesystem>
+
+#include "system/FileCopy.h"
+#include "system/PathLookup.h"
+#include "system/SystemClock.h"
+#include "system/SystemFailure.h"
+
+namespace ovalia::system {
+
+namespace {
+
+struct stat statusOf(const std::string& file, TextView path) {
+  struct stat status;
+  if (stat(file.c_str(), &status) != 0) throw failureOf(errno, path);
+  return status;
+}
+
+int attributesOf(const struct stat& status) {
+  return S_ISDIR(status.st_mode) ? Files::directoryAttribute : 0;
+}
+
+Files::Entry entryOf(const DiskName& name, const std::string& folder) {
+  struct stat status;
+  const std::string file = folder + "/" + name.bytes;
+  if (stat(file.c_str(), &status) != 0 && lstat(file.c_str(), &status) != 0) return {name.text, 0, {}};
+  return {name.text, attributesOf(status), localTime(status.st_mtime)};
+}
+
+}  // namespace
+
+Text FileSystem::firstMatch(TextView pathOrMask) {
+  const SplitPath split = splitPath(pathOrMask, true);
+  const auto folder = locate(split.folder);
+  if (!folder || !isFolder(*folder)) return {};
+  if (!split.last.empty() && isPlainFile(*folder + "/" + toUtf8(split.last))) return split.last;
+  const TextView mask = split.last.empty() ? TextView(u"*") : TextView(split.last);
+  for (const DiskName& name : namesIn(*folder))
+    if (fitsMask(name.text, mask) && isPlainFile(*folder + "/" + name.bytes)) return name.text;
+  return {};
+}
+
+std::vector<Files::Entry> FileSystem::list(TextView folder) {
+  const auto found = locate(folder);
+  if (!found) throw failureOf(ENOTDIR, folder);
+  std::vector<Entry> entries;
+  for (const DiskName& name : namesIn(*found)) entries.push_back(entryOf(name, *found));
+  return entries;
+}
+
+int FileSystem::attributes(TextView path) { return attributesOf(statusOf(existing(path), path)); }
+
+Date FileSystem::modified(TextView path) { return localTime(statusOf(existing(path), path).st_mtime); }
+
+void FileSystem::makeDirectory(TextView path) {
+  if (locate(path)) throw failureOf(EISDIR, path);
+  const SplitPath split = splitPath(path);
+  const auto folder = locate(split.folder);
+  if (!folder) throw failureOf(ENOTDIR, path);
+  if (mkdir((*folder + "/" + toUtf8(split.last)).c_str(), 0777) == 0) return;
+  throw failureOf(errno == EEXIST ? EISDIR : errno == ENOENT ? ENOTDIR : errno, path);
+}
+
+void FileSystem::copy(TextView from, TextView to, bool replace) {
+  const std::string source = existing(from), target = writable(to);
+  if (replace)
+    copyOver(source, target);
+  else
+    copyNew(source, target);
+}
+
+void FileSystem::remove(TextView path) {
+  const std::string file = existing(path);
+  if (unlink(file.c_str()) != 0) throw failureOf(errno == EISDIR ? ENOENT : errno, path);
+}
+
+void FileSystem::append(TextView path, TextView text) { appendBytes(writable(path), toUtf8(text)); }
+
+void FileSystem::write(TextView path, TextView text) { writeBytes(writable(path), toUtf8(text)); }
+
+int FileSystem::driveType(TextView root) {
+  constexpr int nothingThere = 1, fixedDisk = 3;
+  const auto folder = root.starts_with(u'\\') ? locate(root) : std::nullopt;
+  return folder && isFolder(*folder) ? fixedDisk : nothingThere;
+}
+
+Text FileSystem::temporaryFolder() {
+  std::error_code error;
+  std::filesystem::path folder = std::filesystem::temp_directory_path(error);
+  if (error) folder = "/tmp";
+  Text path = logicPath(fromUtf8(std::filesystem::absolute(folder, error).string()));
+  if (!path.ends_with(u'\\')) path += u'\\';
+  return path;
+}
+
+}  // namespace ovalia::system

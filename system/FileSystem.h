@@ -1,0 +1,25 @@
+#pragma once
+
+#include "platform/Platform.h"
+
+namespace ovalia::system {
+
+// The files of the disk by the logic's paths. Paths begin at the root: any other (a bare name, a drive
+// letter) is 76, for probes too. Copying a file onto itself is 70; deleting a folder 53.
+class FileSystem : public Files {
+ public:
+  Text firstMatch(TextView pathOrMask) override;
+  std::vector<Entry> list(TextView folder) override;
+  int attributes(TextView path) override;
+  Date modified(TextView path) override;
+  void makeDirectory(TextView path) override;
+  void copy(TextView from, TextView to, bool replace) override;
+  void remove(TextView path) override;
+  void append(TextView path, TextView text) override;
+  void write(TextView path, TextView text) override;
+  int driveType(
+      TextView root) override;  // 3, a disk, where the folder exists; 1, nothing there, for any other
+  Text temporaryFolder() override;
+};
+
+}  // namespace ovalia::system
