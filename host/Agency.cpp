@@ -24,9 +24,12 @@ struct OpenFailure {
   TextView message;  // "%" is the file
 };
 constexpr OpenFailure openFailures[] = {
-    {dao::failure::cannotOpen, u"No se puede abrir la base de datos %.\nCompruebe que existe y que tiene permiso para leerla."},
-    {dao::failure::damaged, u"El fichero % está dañado o no es una base de datos.\nRecupere una copia de seguridad."},
-    {dao::failure::locked, u"Otro programa tiene bloqueada la base de datos %.\nCiérrelo y vuelva a intentarlo."},
+    {dao::failure::cannotOpen,
+     u"No se puede abrir la base de datos %.\nCompruebe que existe y que tiene permiso para leerla."},
+    {dao::failure::damaged,
+     u"El fichero % está dañado o no es una base de datos.\nRecupere una copia de seguridad."},
+    {dao::failure::locked,
+     u"Otro programa tiene bloqueada la base de datos %.\nCiérrelo y vuelva a intentarlo."},
     {dao::failure::readOnly, u"No tiene permiso para escribir en la base de datos %."},
 };
 
@@ -40,13 +43,13 @@ int countFrom(const std::string& text) {
   int count = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), count);
   if (error != std::errc() || end != text.data() + text.size() || count < 0 || count > mostAnnotations)
-    throw StartFailure(u"El número de anotaciones debe ser un entero entre 0 y 20000000, no «" + fromUtf8(text) + u"».");
+    throw StartFailure(u"El número de anotaciones debe ser un entero entre 0 y 20000000, no «" +
+                       fromUtf8(text) + u"».");
   return count;
 }
 
 void checkSchema(dao::Database& database, const fs::path& file) {
-  for (const Table& design : schema())
-    try {
+  for (const Table& design : schema()) try {
       const auto found = database.TableDefs(design.name);
       for (const Column& column : design.columns) found->Fields().item(column.name);
     } catch (const Failure& failure) {
@@ -57,14 +60,18 @@ void checkSchema(dao::Database& database, const fs::path& file) {
 }
 
 // A write that changes nothing still needs the right and the lock to write.
-void checkWritable(dao::Database& database) { database.Execute(u"UPDATE Usuario SET Nombre = Nombre WHERE 1 = 0"); }
+void checkWritable(dao::Database& database) {
+  database.Execute(u"UPDATE Usuario SET Nombre = Nombre WHERE 1 = 0");
+}
 
 Text knownUser(dao::Database& database, TextView user) {
   if (!user.empty()) {
     if (auto found = spelling(database, u"Usuario", u"Nombre", user)) return *found;
-    throw StartFailure(u"El usuario «" + Text(user) + u"» de la configuración no existe en la base de datos.");
+    throw StartFailure(u"El usuario «" + Text(user) +
+                       u"» de la configuración no existe en la base de datos.");
   }
-  const auto rows = database.OpenRecordset(u"SELECT Nombre FROM Usuario ORDER BY IdUsuario", dao::dbOpenSnapshot);
+  const auto rows =
+      database.OpenRecordset(u"SELECT Nombre FROM Usuario ORDER BY IdUsuario", dao::dbOpenSnapshot);
   if (rows->isEOF()) throw StartFailure(u"La base de datos no tiene ningún usuario.");
   return rows->value(u"Nombre").text();
 }

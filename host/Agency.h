@@ -7,8 +7,8 @@
 
 #include "platform/dao.h"
 
-// Opening the agency: its file, its folder of documents, its user. Everything that can be wrong at the start is
-// found here, before a window exists.
+// Opening the agency: its file, its folder of documents, its user. Everything that can be wrong at the start
+// is found here, before a window exists.
 namespace ovalia::host {
 
 // What keeps the program from starting, in words for its user.
@@ -34,8 +34,9 @@ std::filesystem::path defaultDatabase();
 // The folder of documents that goes with a database: its own name without extension and "-documentos".
 std::filesystem::path documentsFolder(const std::filesystem::path& database);
 
-// Finds the file or makes it: the default one at the first start, a named one when a number of annotations goes
-// with it. StartFailure when a named file is not there, and when annotations are asked for a file that is.
+// Finds the file or makes it: the default one at the first start, a named one when a number of annotations
+// goes with it. StartFailure when a named file is not there, and when annotations are asked for a file that
+// is.
 std::filesystem::path prepareDatabase(const StartOptions& options);
 
 struct Agency {
@@ -47,8 +48,8 @@ struct Agency {
   std::int32_t number = 1;
 };
 
-// Opens the file and looks whether it is an agency's, whole, writable and not locked. `user` is the name in the
-// settings, "" for the first one of the table; StartFailure when there is no such user.
+// Opens the file and looks whether it is an agency's, whole, writable and not locked. `user` is the name in
+// the settings, "" for the first one of the table; StartFailure when there is no such user.
 Agency openAgency(const std::filesystem::path& file, TextView user);
 
 }  // namespace ovalia::host

@@ -41,9 +41,9 @@ std::size_t distance(TextView a, TextView b) {
 
 }  // namespace
 
-std::vector<Text> namesOf(dao::Database& database, TextView table, TextView column) {
+std::vector<Text> namesOf(dao::Database& database, TextView from, TextView column) {
   const Text name(column);
-  const auto rows = database.OpenRecordset(u"SELECT " + name + u" FROM " + Text(table) + u" ORDER BY " + name,
+  const auto rows = database.OpenRecordset(u"SELECT " + name + u" FROM " + Text(from) + u" ORDER BY " + name,
                                            dao::dbOpenSnapshot);
   std::vector<Text> names;
   for (; !rows->isEOF(); rows->MoveNext())
@@ -55,7 +55,7 @@ std::vector<Text> namesOf(dao::Database& database, TextView table, TextView colu
 std::optional<Text> spelling(dao::Database& database, TextView table, TextView column, TextView name) {
   const Text field(column);
   const auto rows = database.OpenRecordset(
-      u"SELECT " + field + u" FROM " + Text(table) + u" WHERE " + field + u" = " + quoted(name),
+      u"SELECT " + field + u" FROM " + Text(table) + u" WHERE " + field + u" = " + literal(name),
       dao::dbOpenSnapshot);
   std::optional<Text> found;
   if (!rows->isEOF()) found = rows->value(column).text();

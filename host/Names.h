@@ -9,8 +9,9 @@
 // Names of the agency's look-up tables: listing them, finding one, proposing the nearest.
 namespace ovalia::host {
 
-// The values of a text column in their order, without Null and empty ones.
-std::vector<Text> namesOf(dao::Database& database, TextView table, TextView column);
+// The values of a text column in their order, without Null and empty ones. `from` is a table, a condition may
+// follow it.
+std::vector<Text> namesOf(dao::Database& database, TextView from, TextView column);
 
 // The name as the table spells it; nothing when the table lacks it. Case does not matter, accents do.
 std::optional<Text> spelling(dao::Database& database, TextView table, TextView column, TextView name);

@@ -129,7 +129,7 @@ Text wholeTableQuery(const AnnotationTable& table) {
   return selectFrom(table, table.parentColumn) + newestFirst(table);
 }
 
-Text quoted(TextView text) { return u"'" + replaceAll(text, u"'", u"''") + u"'"; }
+Text literal(TextView text) { return u"'" + replaceAll(text, u"'", u"''") + u"'"; }
 
 Text containing(TextView text) {
   Text pattern;
@@ -137,7 +137,7 @@ Text containing(TextView text) {
     const bool special = c == u'*' || c == u'?' || c == u'#' || c == u'[';
     pattern += special ? Text{u'[', c, u']'} : Text{c};
   }
-  return quoted(u"*" + pattern + u"*");
+  return literal(u"*" + pattern + u"*");
 }
 
 }  // namespace ovalia::host

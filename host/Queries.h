@@ -40,7 +40,7 @@ Text listQuery(const ListDesign& list, std::int32_t parent);
 Text wholeTableQuery(const AnnotationTable& table);
 
 // A text literal; and a text to be found anywhere, with no character of it a wildcard.
-Text quoted(TextView text);
+Text literal(TextView text);
 Text containing(TextView text);
 
 }  // namespace ovalia::host

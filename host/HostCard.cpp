@@ -1,0 +1,134 @@
+#include "host/HostCard.h"
+
+#include <algorithm>
+
+namespace ovalia::host {
+
+namespace {
+
+constexpr int yes = 6, cancel = 2;
+
+const FieldDesign& fieldDesign(const HostForm& form, TextView field) {
+  return *std::ranges::find(form.fields, field, &FieldDesign::field);
+}
+
+// An emptied box of a number stands for none.
+Variant storedValue(const FieldDesign& field, const Text& text) {
+  const bool number = field.kind == FieldKind::Amount || field.kind == FieldKind::Number;
+  if (number && trimBlanks(text).empty()) return Null;
+  return text;
+}
+
+}  // namespace
+
+HostCard::HostCard(const HostForm& form, Workplace& workplace, std::int32_t record)
+    : form_(form), workplace_(workplace), record_(record) {
+  rows_ = workplace.agency.database->OpenRecordset(cardQuery(form, record), dao::dbOpenDynaset);
+  if (rows_->isEOF()) throw Failure(dao::failure::noCurrentRecord);
+  for (const ListDesign& design : host::lists()) {
+    if (design.form != form.form) continue;
+    auto& list = *lists_.emplace_back(std::make_unique<AnnotationList>(design, workplace));
+    if (list.annotations().kind != Kind::Llamada) list.open(record);
+    list.visitPlace = [this] { return form_.place.empty() ? Text() : rows_->value(form_.place).text(); };
+  }
+}
+
+Text HostCard::caption() const { return Text(form_.caption) + u" " + rows_->value(form_.titleField).text(); }
+
+std::int32_t HostCard::newNumber() const {
+  const auto last = workplace_.agency.database->OpenRecordset(
+      u"SELECT Max(" + Text(form_.key) + u") AS N FROM " + Text(form_.table), dao::dbOpenSnapshot);
+  const Variant number = last->value(u"N");
+  return number.isNull() ? 1 : number.toLong() + 1;
+}
+
+Text HostCard::shown(const FieldDesign& field) const {
+  const auto edit = edits_.find(Text(field.field));
+  return edit != edits_.end() ? edit->second : rows_->value(field.field).text();
+}
+
+void HostCard::userEdits(const FieldDesign& field, TextView text) {
+  if (rows_->value(field.field).text() == text)
+    edits_.erase(Text(field.field));
+  else
+    edits_[Text(field.field)] = text;
+}
+
+bool HostCard::canStore(const FieldDesign& field, TextView text) const {
+  const Variant value = storedValue(field, Text(text));
+  return value.isNull() || (field.kind != FieldKind::Amount && field.kind != FieldKind::Number) ||
+         value.isNumeric();
+}
+
+bool HostCard::checkChanges() {
+  for (const auto& [name, text] : edits_) {
+    const FieldDesign& field = fieldDesign(form_, name);
+    if (canStore(field, text)) continue;
+    workplace_.dialogs.tell(u"Guardar", u"«" + text + u"» no es un número: corrija la casilla " +
+                                            replaceAll(field.label, u"&", u"") + u".");
+    return false;
+  }
+  return true;
+}
+
+bool HostCard::save() {
+  if (edits_.empty()) return true;
+  if (!checkChanges()) return false;
+  try {
+    rows_->Edit();
+    for (const auto& [name, text] : edits_)
+      rows_->setValue(name, storedValue(fieldDesign(form_, name), text));
+    rows_->Update();
+  } catch (const Failure& failure) {
+    if (rows_->editing()) rows_->CancelUpdate();
+    workplace_.dialogs.tell(u"Guardar", u"La ficha no se ha podido guardar. " + failure.description());
+    return false;
+  }
+  edits_.clear();
+  refreshed();
+  return true;
+}
+
+void HostCard::undo() {
+  edits_.clear();
+  refreshed();
+}
+
+bool HostCard::settle() {
+  if (edits_.empty()) return true;
+  const int answer = workplace_.dialogs.yesNoCancel(
+      u"Guardar", u"¿Desea guardar los cambios realizados en " + caption() + u"?");
+  if (answer == cancel) return false;
+  if (answer == yes) return save();
+  undo();
+  return true;
+}
+
+AnnotationList* HostCard::list(TextView grid) {
+  for (const auto& list : lists_)
+    if (sameName(list->design().grid, grid) || sameName(list->design().data, grid)) return list.get();
+  return nullptr;
+}
+
+void HostCard::followAdvertisement() {
+  AnnotationList* advertisements = list(u"grdAnuncio");
+  AnnotationList* calls = list(u"grdLlamada");
+  if (!advertisements || !calls) return;
+  const std::int32_t key = advertisements->currentKey();
+  if (calls->parent() == key) return;
+  calls->open(key);
+  counted(*calls);
+}
+
+std::vector<std::int32_t> HostCard::marked(TextView grid) const {
+  const auto found = marked_.find(grid);
+  return found == marked_.end() ? std::vector<std::int32_t>() : found->second;
+}
+
+void HostCard::reload() {
+  rows_->Requery();
+  for (const auto& list : lists_) list->reload();
+  refreshed();
+}
+
+}  // namespace ovalia::host

@@ -1,0 +1,71 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <vector>
+
+#include "host/AnnotationList.h"
+#include "host/HostForms.h"
+
+namespace ovalia::host {
+
+// One record of the agency on a card of the host: its fields, its unsaved work, its lists of annotations.
+// What draws it sets the functions below and follows them.
+class HostCard {
+ public:
+  enum State { clean = 0, changedByUser = 2 };
+
+  // Fails with 3021 when there is no such record.
+  HostCard(const HostForm& form, Workplace& workplace, std::int32_t record);
+
+  const HostForm& form() const { return form_; }
+  std::int32_t record() const { return record_; }
+  dao::RecordsetRef rows() const { return rows_; }
+  Text caption() const;  // "Inmueble V-1001"
+
+  // The number that a further record of the table would get.
+  std::int32_t newNumber() const;
+
+  State state() const { return edits_.empty() ? clean : changedByUser; }
+  Text shown(const FieldDesign& field) const;  // unsaved text, or the record's
+  void userEdits(const FieldDesign& field, TextView text);
+
+  // Whether all unsaved texts can be stored; if not the user is told which cannot.
+  bool checkChanges();
+  bool save();
+  void undo();
+
+  // Asks what to do with unsaved work, where there is any: true when the caller may go on.
+  bool settle();
+
+  std::vector<std::unique_ptr<AnnotationList>>& lists() { return lists_; }
+  AnnotationList* list(TextView grid);  // null when the form has no such grid
+
+  // The calls of the advertisement on which the list of advertisements stands.
+  void followAdvertisement();
+
+  // Rows that the user has marked in a grid, by their keys.
+  std::vector<std::int32_t> marked(TextView grid) const;
+  void setMarked(TextView grid, std::vector<std::int32_t> keys) { marked_[Text(grid)] = std::move(keys); }
+
+  // Reads record and lists again.
+  void reload();
+
+  std::function<Text()> activeControl = [] { return Text(); };  // name; "" when there is none
+  std::function<void()> refreshed = [] {};                      // record or lists were read again
+  std::function<void(AnnotationList&)> counted = [](AnnotationList&) {};
+
+ private:
+  bool canStore(const FieldDesign& field, TextView text) const;
+
+  const HostForm& form_;
+  Workplace& workplace_;
+  std::int32_t record_;
+  dao::RecordsetRef rows_;
+  std::map<Text, Text> edits_;  // by field
+  std::vector<std::unique_ptr<AnnotationList>> lists_;
+  std::map<Text, std::vector<std::int32_t>, NameLess> marked_;
+};
+
+}  // namespace ovalia::host
