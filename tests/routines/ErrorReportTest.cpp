@@ -269,6 +269,10 @@ TEST_F(AcceptedOffer, a_failure_inside_the_report_offers_no_other) {
 
 class Log : public kit::LogicTest {
  protected:
+  void TearDown() override {
+    here.files.appended.clear();  // the entries are what these tests are about
+    LogicTest::TearDown();
+  }
   Text written() {
     Text all;
     for (const auto& [path, text] : here.files.appended) all += text;
