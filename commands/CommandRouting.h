@@ -4,7 +4,8 @@
 
 namespace ovalia {
 
-// Runs the command of a tool. It has no effect yet.
-void dNota_Menu(Instance& nota, TextView category, TextView id);
+// Runs the command of a tool, by the exact text of its group and id; one that is not known does nothing.
+// Whether the tool can be clicked is not asked.
+void dNota_Menu(Instance& nota, TextView Tab, TextView Tool);
 
 }  // namespace ovalia

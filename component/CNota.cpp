@@ -3,6 +3,8 @@
 #include "attachments/AttachmentList.h"
 #include "cards/BlankCard.h"
 #include "cards/RecordToCard.h"
+#include "cards/Search.h"
+#include "commands/ToolState.h"
 #include "component/OpenAndClose.h"
 #include "instance/Instance.h"
 #include "routines/ModuleValues.h"
@@ -25,7 +27,7 @@ void CNota::RefrescoFicha(Text& Accion) { ovalia::RefrescoFicha(*instance_, Acci
 
 void CNota::RefrescoDocs() { ovalia::RefrescoDocs(*instance_); }
 void CNota::FichaLimpia() { ovalia::FichaLimpia(*instance_); }
-void CNota::CambiarMenuNotas() {}
+void CNota::CambiarMenuNotas() { ovalia::CambiarMenuNotas(*instance_); }
 void CNota::CrearModelo(Text&, Text&) {}
 void CNota::AdjuntarDocumento(bool) {}
 void CNota::ImprimirNota() {}
@@ -60,6 +62,6 @@ void CNota::BorrarUno(std::int32_t&, Text) {}
 bool CNota::SemiBorrar(std::int32_t) { return false; }
 void CNota::AfterBorrar(std::int32_t) {}
 void CNota::TrasladaNotas(std::int32_t&, std::int32_t&) {}
-void CNota::Buscar_Nota() {}
+void CNota::Buscar_Nota() { ovalia::Buscar_Nota(*instance_); }
 
 }  // namespace ovalia

@@ -33,10 +33,16 @@ class CNota : public NotaSurface {
   void RefrescoFicha();
   void RefrescoFicha(Text& Accion);
 
+  // Enables the document tools by the selection in the card's list and by the clipboard.
+  void CambiarMenuNotas();
+
+  // Opens the search over the list, after the host's form has settled its own unsaved work. A step of the
+  // search fills the card again over changes that were not saved.
+  void Buscar_Nota();
+
   // Those below have no effect yet, and give false or "".
   void RefrescoDocs();
   void FichaLimpia();
-  void CambiarMenuNotas();
   void CrearModelo(Text& NArch, Text& NOrg);
   void AdjuntarDocumento(bool NotaGrabada = true);
   void ImprimirNota();
@@ -56,7 +62,6 @@ class CNota : public NotaSurface {
   bool SemiBorrar(std::int32_t NumBorrar);
   void AfterBorrar(std::int32_t NumBorrar);
   void TrasladaNotas(std::int32_t& NuevoId, std::int32_t& NuevoCliente);
-  void Buscar_Nota();
 
  private:
   std::unique_ptr<Instance> instance_;

@@ -2,12 +2,14 @@
 
 #include "attachments/AddingAttachments.h"
 #include "attachments/AttachmentList.h"
+#include "cards/CardLists.h"
+#include "cards/Closing.h"
 #include "cards/EditTracking.h"
 #include "cards/Navigation.h"
+#include "cards/Search.h"
 #include "cards/Validation.h"
 #include "commands/CommandRouting.h"
 #include "component/CardLoad.h"
-#include "component/OpenAndClose.h"
 
 namespace ovalia {
 

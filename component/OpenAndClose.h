@@ -12,10 +12,6 @@ void CreaNota(Instance& nota);
 // the four does nothing but take down the host's active form.
 void AbreNota(Instance& nota);
 
-// Whether the card may close: not while a control fails its check or the user cancels the question about
-// unsaved changes. A card that may close stores its place and the width of its document pane.
-void dNota_UnLoad(Instance& nota, bool& Cancel);
-
 // Unloads the cards that were ever opened, in the order of the kinds.
 void Class_Terminate(Instance& nota);
 

@@ -1,0 +1,9 @@
+#include "models/Templates.h"
+
+namespace ovalia {
+
+void AdjuntarPlantilla(Instance&, bool) {}
+
+void AdjuntarModelo(Instance&, bool) {}
+
+}  // namespace ovalia
