@@ -1,5 +1,6 @@
 #include "forms/CardForm.h"
 
+#include "forms/VisitTimes.h"
 #include "platform/Platform.h"
 #include "routines/Trap.h"
 
@@ -41,6 +42,7 @@ void CardForm::onControl(Control& control, ControlEvent event) {
       if (control.design().name == u"dtpFechaEnvio")
         this->control(u"dtpHoraEnvio")->setEnabled(!control.value().isNull());
       if (eventsOf(control, onChange, &field)) raiseCambio(field);
+      if (!filling_ && eventsOf(control, onVisitTime)) linkVisitTimes(*this, control.design().name);
       break;
     case ControlEvent::Click:
       if (eventsOf(control, onClick, &field)) raiseCambio(field);

@@ -82,6 +82,7 @@ enum EventSet : std::uint16_t {
   onDrag = 256,          // OLEDragOver and OLEDragDrop, each to its own
   onItems = 512,         // ItemClick, DblClick and MouseUp of the document list
   onLabelEdit = 1024,    // AfterLabelEdit -> ActualizaDocs
+  onVisitTime = 2048,    // Change -> after Cambio, the rules that keep a visit's end behind its start
 };
 inline constexpr std::uint16_t textEvents = onChange | onFocus | onValidateHold;
 inline constexpr std::uint16_t comboEvents = textEvents | onClick;
