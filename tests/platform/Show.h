@@ -11,10 +11,7 @@ namespace ovalia::test {
 
 // Values as the tables of these tests write them.
 inline std::string shown(bool truth) { return truth ? "true" : "false"; }
-inline std::string shown(double number) {
-  XX
-  return text;
-}
+inline std::string shown(double number) { return toUtf8(Regional{.decimal = u'.'}.numberText(number)); }
 inline std::string shown(std::int32_t number) { return std::to_string(number); }
 inline std::string shown(Currency amount) { return std::to_string(amount.tenThousandths); }
 inline std::string shown(Date date) { return shown(date.days); }
