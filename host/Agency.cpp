@@ -78,13 +78,24 @@ Text knownUser(dao::Database& database, TextView user) {
 
 }  // namespace
 
+Text usage() {
+  return u"Uso: agencia [--database FICHERO] [--annotations N] [--tour CARPETA]\n"
+         u"  --database FICHERO   base de datos; si falta, la de su carpeta de datos\n"
+         u"  --annotations N      crea la base de datos con N anotaciones de ejemplo\n"
+         u"  --tour CARPETA       abre una ficha de cada clase y deja imágenes y transcripción en la "
+         u"carpeta\n";
+}
+
 StartOptions parseOptions(std::span<const std::string> arguments) {
   StartOptions options;
   for (std::size_t i = 0; i < arguments.size(); ++i) {
     const std::string& name = arguments[i];
+    if (name == "--help") {
+      options.help = true;
+      continue;
+    }
     if (name != "--database" && name != "--annotations" && name != "--tour")
-      throw StartFailure(u"Opción desconocida: " + fromUtf8(name) +
-                         u"\nUso: agencia [--database FICHERO] [--annotations N] [--tour CARPETA]");
+      throw StartFailure(u"Opción desconocida: " + fromUtf8(name) + u"\n" + usage());
     if (++i == arguments.size() || arguments[i].empty())
       throw StartFailure(u"Falta el valor de la opción " + fromUtf8(name) + u".");
     if (name == "--database") options.database = arguments[i];

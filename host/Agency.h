@@ -23,7 +23,10 @@ struct StartOptions {
   std::optional<std::filesystem::path> database;
   std::optional<int> annotations;
   std::optional<std::filesystem::path> tour;
+  bool help = false;
 };
+
+Text usage();
 
 // StartFailure on an unknown option, a missing value, a count that is no number from 0 to 20,000,000.
 StartOptions parseOptions(std::span<const std::string> arguments);

@@ -23,6 +23,10 @@ dao::RecordsetRef AnnotationList::recordset() {
   return rows_;
 }
 
+dao::RecordsetRef AnnotationList::separateRecordset() {
+  return workplace_.agency.database->OpenRecordset(query(), dao::dbOpenDynaset);
+}
+
 std::int32_t AnnotationList::count() { return recordset()->RecordCount(); }
 
 void AnnotationList::reload() {
@@ -75,11 +79,13 @@ CNota& AnnotationList::nota() {
 
 void AnnotationList::openCard() {
   nota().AbreNota();
+  reload();
   changed();
 }
 
 void AnnotationList::createCard() {
   nota().CreaNota();
+  reload();
   changed();
 }
 

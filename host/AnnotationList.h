@@ -25,6 +25,10 @@ class AnnotationList {
   Text query() const { return listQuery(design_, parent_); }
 
   dao::RecordsetRef recordset();
+
+  // The same rows once more, for a grid that moves as it pleases.
+  dao::RecordsetRef separateRecordset();
+
   std::int32_t count();
 
   // Reads the list again and goes back to the row it was on, where that is still there.
@@ -38,7 +42,8 @@ class AnnotationList {
   // The component's object, made at first use, on this list and its current row.
   CNota& nota();
 
-  // Show the current row as a card, or a new one. Both return when the card has closed.
+  // Show the current row as a card, or a new one. Both return when the card has closed, on the row that it
+  // showed last, or on the first where that is gone.
   void openCard();
   void createCard();
 

@@ -29,6 +29,7 @@ HostCard::HostCard(const HostForm& form, Workplace& workplace, std::int32_t reco
     if (design.form != form.form) continue;
     auto& list = *lists_.emplace_back(std::make_unique<AnnotationList>(design, workplace));
     if (list.annotations().kind != Kind::Llamada) list.open(record);
+    if (design.grid == u"grdLlamada") followAdvertisement();
     list.visitPlace = [this] { return form_.place.empty() ? Text() : rows_->value(form_.place).text(); };
   }
 }
@@ -110,19 +111,14 @@ AnnotationList* HostCard::list(TextView grid) {
   return nullptr;
 }
 
-void HostCard::followAdvertisement() {
+bool HostCard::followAdvertisement() {
   AnnotationList* advertisements = list(u"grdAnuncio");
   AnnotationList* calls = list(u"grdLlamada");
-  if (!advertisements || !calls) return;
+  if (!advertisements || !calls) return false;
   const std::int32_t key = advertisements->currentKey();
-  if (calls->parent() == key) return;
+  if (calls->parent() == key) return false;
   calls->open(key);
-  counted(*calls);
-}
-
-std::vector<std::int32_t> HostCard::marked(TextView grid) const {
-  const auto found = marked_.find(grid);
-  return found == marked_.end() ? std::vector<std::int32_t>() : found->second;
+  return true;
 }
 
 void HostCard::reload() {

@@ -42,19 +42,19 @@ class HostCard {
   std::vector<std::unique_ptr<AnnotationList>>& lists() { return lists_; }
   AnnotationList* list(TextView grid);  // null when the form has no such grid
 
-  // The calls of the advertisement on which the list of advertisements stands.
-  void followAdvertisement();
-
-  // Rows that the user has marked in a grid, by their keys.
-  std::vector<std::int32_t> marked(TextView grid) const;
-  void setMarked(TextView grid, std::vector<std::int32_t> keys) { marked_[Text(grid)] = std::move(keys); }
+  // Puts the list of calls on the advertisement on which the list of advertisements stands. True when that is
+  // another one than before.
+  bool followAdvertisement();
 
   // Reads record and lists again.
   void reload();
 
-  std::function<Text()> activeControl = [] { return Text(); };  // name; "" when there is none
-  std::function<void()> refreshed = [] {};                      // record or lists were read again
-  std::function<void(AnnotationList&)> counted = [](AnnotationList&) {};
+  std::function<Text()> activeControl = [] { return Text(); };            // name; "" when there is none
+  std::function<void()> refreshed = [] {};                                // record or lists were read again
+  std::function<void(AnnotationList&)> counted = [](AnnotationList&) {};  // its number of rows may differ
+  std::function<std::vector<std::int32_t>(TextView grid)> marked = [](TextView) {
+    return std::vector<std::int32_t>();
+  };  // keys of the rows that the user has marked
 
  private:
   bool canStore(const FieldDesign& field, TextView text) const;
@@ -65,7 +65,6 @@ class HostCard {
   dao::RecordsetRef rows_;
   std::map<Text, Text> edits_;  // by field
   std::vector<std::unique_ptr<AnnotationList>> lists_;
-  std::map<Text, std::vector<std::int32_t>, NameLess> marked_;
 };
 
 }  // namespace ovalia::host

@@ -11,17 +11,17 @@ namespace {
 using enum FieldKind;
 
 constexpr FieldDesign propertyFields[] = {
-    {u"txtReferencia", u"Referencia", u"&Referencia", Shown},
+    {u"txtReferencia", u"Referencia", u"Referencia", Shown},
     {u"txtTipoInm", u"TipoInm", u"&Tipo", Line},
     {u"txtDireccion", u"Direccion", u"&Dirección", Line},
     {u"txtNumero", u"Numero", u"Nú&mero", Line},
     {u"txtPiso", u"Piso", u"&Piso", Line},
     {u"txtPoblacion", u"Poblacion", u"P&oblación", Line},
     {u"txtPrecio", u"Precio", u"Pr&ecio", Amount},
-    {u"txtGastosComu", u"GastosComu", u"Ga&stos comunidad", Amount},
-    {u"txtPropietario", u"Propietario", u"Prop&ietario", Shown},
-    {u"txtCaptador", u"Captador", u"&Captado por", Shown},
-    {u"txtObservaciones", u"Notas", u"O&bservaciones", Memo, true},
+    {u"txtGastosComu", u"GastosComu", u"Gastos com&unidad", Amount},
+    {u"txtPropietario", u"Propietario", u"Propietario", Shown},
+    {u"txtCaptador", u"Captador", u"Captado por", Shown},
+    {u"txtObservaciones", u"Notas", u"Observacione&s", Memo, true},
 };
 constexpr ListColumn propertyColumns[] = {{u"Referencia", u"Referencia", 12},
                                           {u"TipoInm", u"Tipo", 14},
@@ -33,11 +33,11 @@ constexpr ListColumn propertyColumns[] = {{u"Referencia", u"Referencia", 12},
                                           {u"Propietario", u"Propietario", 28}};
 
 constexpr FieldDesign userFields[] = {
-    {u"txtNombre", u"Nombre", u"&Nombre", Shown},
-    {u"txtCargo", u"Cargo", u"&Cargo", Line},
+    {u"txtNombre", u"Nombre", u"Nombre", Shown},
+    {u"txtCargo", u"Cargo", u"Carg&o", Line},
     {u"txtTfno", u"Tfno", u"&Teléfono", Line},
-    {u"txtCorreo", u"Correo", u"C&orreo", Line},
-    {u"txtObservaciones", u"Notas", u"O&bservaciones", Memo, true},
+    {u"txtCorreo", u"Correo", u"Corr&eo", Line},
+    {u"txtObservaciones", u"Notas", u"Observacione&s", Memo, true},
 };
 constexpr ListColumn userColumns[] = {{u"Nombre", u"Nombre", 26},
                                       {u"Cargo", u"Cargo", 22},
@@ -45,13 +45,13 @@ constexpr ListColumn userColumns[] = {{u"Nombre", u"Nombre", 26},
                                       {u"Correo", u"Correo", 30}};
 
 constexpr FieldDesign caseFields[] = {
-    {u"txtReferencia", u"Referencia", u"&Referencia", Shown},
+    {u"txtReferencia", u"Referencia", u"Referencia", Shown},
     {u"txtTitulo", u"Titulo", u"&Título", Line},
-    {u"txtMateria", u"Materia", u"&Materia", Shown},
-    {u"txtTMateria", u"TMateria", u"&Sub Materia", Shown},
-    {u"txtCliente", u"Cliente", u"&Cliente", Shown},
-    {u"txtResponsable", u"Responsable", u"Res&ponsable", Shown},
-    {u"txtObservaciones", u"Notas", u"O&bservaciones", Memo, true},
+    {u"txtMateria", u"Materia", u"Materia", Shown},
+    {u"txtTMateria", u"TMateria", u"Sub Materia", Shown},
+    {u"txtCliente", u"Cliente", u"Cliente", Shown},
+    {u"txtResponsable", u"Responsable", u"Responsable", Shown},
+    {u"txtObservaciones", u"Notas", u"Observacione&s", Memo, true},
 };
 constexpr ListColumn caseColumns[] = {{u"Referencia", u"Referencia", 12},
                                       {u"Titulo", u"Título", 40},
@@ -60,9 +60,9 @@ constexpr ListColumn caseColumns[] = {{u"Referencia", u"Referencia", 12},
                                       {u"TMateria", u"Sub Materia", 18}};
 
 constexpr FieldDesign projectFields[] = {
-    {u"txtNombre", u"Nombre", u"&Nombre", Shown},
+    {u"txtNombre", u"Nombre", u"Nombre", Shown},
     {u"txtPoblacion", u"Poblacion", u"P&oblación", Line},
-    {u"txtObservaciones", u"Notas", u"O&bservaciones", Memo, true},
+    {u"txtObservaciones", u"Notas", u"Observacione&s", Memo, true},
 };
 constexpr ListColumn projectColumns[] = {{u"Nombre", u"Nombre", 40}, {u"Poblacion", u"Población", 26}};
 

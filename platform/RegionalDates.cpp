@@ -128,7 +128,7 @@ std::optional<Date> dateFrom(const DateParts& parts) {
   const auto day = std::chrono::year(parts.year) / parts.month / parts.day;
   const bool timeExists = parts.hour >= 0 && parts.hour < 24 && parts.minute >= 0 && parts.minute < 60 &&
                           parts.second >= 0 && parts.second < 60;
-  if (parts.month > 12 || !day.ok() || !timeExists) return std::nullopt;
+  if (parts.month > 12 || parts.day > 31 || !day.ok() || !timeExists) return std::nullopt;
   const int days = int((sys_days(day) - dayZero).count());
   const double time = (parts.hour * 3'600 + parts.minute * 60 + parts.second) / double(secondsPerDay);
   return Date{days < 0 ? days - time : days + time};

@@ -130,8 +130,8 @@ void copyOver(const std::string& from, const std::string& to) {
   const std::filesystem::path aim = std::filesystem::weakly_canonical(to, error);
   const std::string real = error ? to : aim.string();
   if (std::filesystem::equivalent(from, real, error)) throw failureOf(EACCES, fromUtf8(to));
-  if (access(real.c_str(), F_OK) != 0) return copyNew(from, real);
-  if (access(real.c_str(), W_OK) != 0) throw failureOf(errno, fromUtf8(to));
+  if (faccessat(AT_FDCWD, real.c_str(), F_OK, AT_EACCESS) != 0) return copyNew(from, real);
+  if (faccessat(AT_FDCWD, real.c_str(), W_OK, AT_EACCESS) != 0) throw failureOf(errno, fromUtf8(to));
 
   const Source source(from);
   std::string name = real + ".XXXXXX";

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QDate>
+#include <QWidget>
+#include <functional>
+
+namespace ovalia::desktop {
+
+// Shows a calendar under a widget; `chosen` gets the day picked, or an invalid one for "no date". Escape and
+// a click elsewhere choose nothing. It deletes itself.
+void popUpCalendar(QWidget& under, QDate shown, std::function<void(QDate)> chosen);
+
+}  // namespace ovalia::desktop

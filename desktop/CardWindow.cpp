@@ -1,0 +1,218 @@
+#include "desktop/CardWindow.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QScreen>
+#include <QScrollBar>
+#include <QVBoxLayout>
+#include <QWindow>
+
+#include "desktop/QtText.h"
+#include "desktop/Scale.h"
+
+namespace ovalia::desktop {
+
+using forms::ControlType;
+using forms::Property;
+
+namespace {
+
+// The designs are drawn for letters of this height, whatever the desktop's own.
+constexpr double letterPoints = 8.25;
+
+constexpr std::array everyProperty{
+    Property::Caption,      Property::List,  Property::Value,     Property::Items,   Property::View,
+    Property::SelectedItem, Property::Place, Property::PaneWidth, Property::Enabled, Property::Visible};
+
+bool isContainer(const forms::Control& control) {
+  return control.type() == ControlType::Frame || control.type() == ControlType::Splitter;
+}
+
+class Counted {
+ public:
+  explicit Counted(int& count) : count_(count) { ++count_; }
+  ~Counted() { --count_; }
+  Counted(const Counted&) = delete;
+  Counted& operator=(const Counted&) = delete;
+
+ private:
+  int& count_;
+};
+
+}  // namespace
+
+CardWindow::CardWindow(forms::Form& form) : QWidget(nullptr, Qt::Window), form_(&form) {
+  QFont letters = font();
+  letters.setPointSizeF(letterPoints);
+  setFont(letters);
+  setObjectName(toQt(form.Name()));
+  setWindowModality(Qt::ApplicationModal);
+  setAttribute(Qt::WA_QuitOnClose, false);
+
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(0);
+  if (form.hasControl(u"SSAtb")) {
+    bars_ = std::make_unique<CardBars>(form.as<forms::ActiveToolBars>(u"SSAtb"), this, [this] { commit(); });
+    layout->setMenuBar(bars_->menuBar());
+    layout->addWidget(bars_->toolBar());
+  }
+  area_ = new QWidget(this);
+  area_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
+  layout->addWidget(area_, 1);
+
+  buildControls();
+  followCaption();
+  followPlace();
+  qApp->installEventFilter(this);
+}
+
+CardWindow::~CardWindow() { release(); }
+
+void CardWindow::release() {
+  if (!form_) return;
+  form_ = nullptr;
+  qApp->removeEventFilter(this);
+  endModal();
+  byWidget_.clear();
+  controls_.clear();
+  bars_.reset();
+  hide();
+}
+
+void CardWindow::buildControls() {
+  const Counted following(following_);
+  for (const bool containers : {true, false}) {
+    for (const forms::ControlRef& control : form_->controls()) {
+      if (isContainer(*control) != containers) continue;
+      const TextView holder = control->design().container;
+      QWidget* parent = holder.empty() ? area_ : widgetOf(form_->control(holder).get())->widget();
+      auto drawn = makeControlWidget(control, parent);
+      if (!drawn) continue;
+      byWidget_[drawn->widget()] = drawn.get();
+      controls_[control.get()] = std::move(drawn);
+    }
+  }
+  for (const forms::ControlRef& control : form_->controls()) {
+    ControlWidget* drawn = widgetOf(control.get());
+    if (!drawn) continue;
+    for (const Property property : everyProperty) drawn->follow(property);
+    describe(*drawn);
+  }
+}
+
+QString CardWindow::captionOf(TextView control) const { return spoken(form_->control(control)->Caption()); }
+
+void CardWindow::describe(ControlWidget& drawn) {
+  const forms::ControlDesign& design = drawn.control().design();
+  const QString tip = toQt(design.tip);
+  QString name = design.label.empty() ? spoken(drawn.control().Caption()) : captionOf(design.label);
+  if (name.isEmpty()) name = tip;
+  const bool interactive = drawn.focusTarget()->focusPolicy() != Qt::NoFocus;
+  drawn.describe(name, tip.isEmpty() && interactive ? name : tip);
+}
+
+ControlWidget* CardWindow::widgetOf(const forms::Control* control) const {
+  const auto found = controls_.find(control);
+  return found == controls_.end() ? nullptr : found->second.get();
+}
+
+// The control that the widget is or is a part of.
+ControlWidget* CardWindow::widgetAt(QWidget* widget) const {
+  for (; widget && widget != area_; widget = widget->parentWidget())
+    if (const auto found = byWidget_.find(widget); found != byWidget_.end()) return found->second;
+  return nullptr;
+}
+
+ControlWidget* CardWindow::activeWidget() const {
+  return form_ ? widgetOf(form_->ActiveControl().get()) : nullptr;
+}
+
+void CardWindow::commit() {
+  if (ControlWidget* active = activeWidget()) active->commit();
+}
+
+void CardWindow::followCaption() { setWindowTitle(toQt(form_->Caption())); }
+
+void CardWindow::followTool(TextView id) {
+  if (bars_) bars_->follow(id);
+}
+
+void CardWindow::followControl(forms::Control& control, Property property) {
+  ControlWidget* drawn = widgetOf(&control);
+  if (!drawn) return;
+  {
+    const Counted following(following_);
+    drawn->follow(property);
+  }
+  if (property == Property::Caption)
+    for (const auto& [other, widget] : controls_)
+      if (other == &control || other->design().label == control.design().name) describe(*widget);
+  // The toolkit passes the focus on by itself when its place is disabled or hidden.
+  if (property == Property::Enabled || property == Property::Visible) followFocus();
+}
+
+void CardWindow::followFocus() {
+  const Counted following(following_);
+  if (ControlWidget* active = activeWidget()) active->focusTarget()->setFocus(Qt::OtherFocusReason);
+}
+
+void CardWindow::popUp(TextView menu, const std::optional<forms::Point>& at) {
+  if (!bars_) return;
+  const Scale scale = Scale::of(*this);
+  QPoint place = at ? mapToGlobal(QPoint(scale.pixels(at->x), scale.pixels(at->y))) : QCursor::pos();
+  if (!at)
+    if (ControlWidget* active = activeWidget(); active && active->menuPlace()) place = *active->menuPlace();
+  bars_->popUp(menu, place);
+}
+
+void CardWindow::showForm() {
+  followCaption();
+  followPlace();
+  keepOnScreen();
+  if (QWidget* owner = QApplication::activeWindow(); owner && owner != this) {
+    winId();
+    windowHandle()->setTransientParent(owner->windowHandle());
+  }
+  const Counted following(following_);
+  switch (form_->WindowState()) {
+    case 1:
+      showMinimized();
+      break;
+    case 2:
+      showMaximized();
+      break;
+    default:
+      showNormal();
+  }
+  if (freelyPlaced()) followPlace();
+  activateWindow();
+}
+
+void CardWindow::runModal() {
+  QEventLoop loop;
+  loop_ = &loop;
+  // Released meanwhile, the window still stands until this loop has ended.
+  loop.exec();
+}
+
+void CardWindow::endModal() {
+  if (!loop_) return;
+  loop_->quit();
+  loop_ = nullptr;
+}
+
+bool CardWindow::event(QEvent* event) {
+  if (event->type() == QEvent::WindowBlocked) ++blocked_;
+  return QWidget::event(event);
+}
+
+void CardWindow::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  if (!form_) return;
+  const QPointer<CardWindow> self(this);
+  commit();
+  if (self && form_) form_->userCloses();
+}
+
+}  // namespace ovalia::desktop

@@ -1,0 +1,105 @@
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QKeyEvent>
+#include <QScrollBar>
+
+#include "desktop/CardWindow.h"
+#include "desktop/KeyCodes.h"
+
+namespace ovalia::desktop {
+
+namespace {
+
+// The box in which a list's label is edited: a window of its own in the eyes of the form.
+bool isLabelEditor(const QWidget& widget) {
+  const QWidget* viewport = widget.parentWidget();
+  return viewport && dynamic_cast<QAbstractItemView*>(viewport->parentWidget()) &&
+         !widget.inherits("QScrollBar") && widget.focusPolicy() != Qt::NoFocus &&
+         static_cast<QAbstractItemView*>(viewport->parentWidget())->viewport() == viewport;
+}
+
+}  // namespace
+
+// Everything passes here before it reaches a widget: the form decides about keys and the focus first.
+bool CardWindow::eventFilter(QObject* object, QEvent* event) {
+  if (!form_ || !object->isWidgetType()) return false;
+  auto& receiver = *static_cast<QWidget*>(object);
+  switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+      swallow_ = false;
+      return receiver.window() == this && (swallow_ = mousePressed(receiver));
+    case QEvent::MouseButtonRelease:
+      return receiver.window() == this && std::exchange(swallow_, false);
+    case QEvent::KeyPress:
+      return receiver.window() == this && keyPressed(receiver, *static_cast<QKeyEvent*>(event));
+    case QEvent::FocusIn:
+      if (receiver.window() == this && !following_) {
+        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+        if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason &&
+            reason != Qt::MenuBarFocusReason)
+          focusArrived(receiver);
+      }
+      return false;
+    case QEvent::Resize:
+      if (&receiver == area_) areaResized();
+      return false;
+    default:
+      return false;
+  }
+}
+
+// True when the press must not reach the widget: the focus was refused, or a dialog came between press and
+// release.
+bool CardWindow::mousePressed(QWidget& receiver) {
+  ControlWidget* drawn = widgetAt(&receiver);
+  if (!drawn || dynamic_cast<QScrollBar*>(&receiver)) return false;
+  const auto target = form_->control(drawn->control().Name(), drawn->control().design().index);
+  if (!target->takesFocus() || form_->ActiveControl() == target) return false;
+  const QPointer<CardWindow> self(this);
+  const int blocked = blocked_;
+  commit();
+  if (!self || !form_) return true;
+  const bool moved = form_->userFocuses(*target);
+  return !self || !form_ || !moved || blocked != blocked_;
+}
+
+bool CardWindow::keyPressed(QWidget& receiver, QKeyEvent& event) {
+  const QWidget* holder = focusWidget();
+  // An unused key climbs to the parents: it has been seen.
+  if (holder && &receiver != holder && receiver.isAncestorOf(holder)) return false;
+  if (isLabelEditor(receiver)) return false;
+
+  const QPointer<CardWindow> self(this);
+  const bool tab = event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab;
+  if (tab && !(event.modifiers() & (Qt::ControlModifier | Qt::AltModifier))) {
+    commit();
+    if (self && form_)
+      form_->userTabs(event.key() == Qt::Key_Tab && !(event.modifiers() & Qt::ShiftModifier));
+    return true;
+  }
+  if (event.text().isEmpty() || !event.text().at(0).isPrint()) {
+    if (event.key() != Qt::Key_Backspace && event.key() != Qt::Key_Delete && event.key() < Qt::Key_Home)
+      commit();
+    if (!self || !form_) return true;
+  }
+  if (const int code = virtualKey(event.key(), event.modifiers()))
+    form_->userKey(code, shiftMask(event.modifiers()));
+  if (!self || !form_ || !form_->Visible()) return true;
+  ControlWidget* drawn = widgetAt(&receiver);
+  return drawn && drawn->takesKey(event);
+}
+
+// The focus came some other way: the form is asked all the same, and a refusal sends it back.
+void CardWindow::focusArrived(QWidget& receiver) {
+  ControlWidget* drawn = widgetAt(&receiver);
+  if (!drawn || !form_->ActiveControl() || form_->ActiveControl().get() == &drawn->control()) return;
+  const auto target = form_->control(drawn->control().Name(), drawn->control().design().index);
+  const QPointer<CardWindow> self(this);
+  commit();
+  if (!self || !form_) return;
+  form_->userFocuses(*target);
+  if (self && form_) followFocus();
+}
+
+}  // namespace ovalia::desktop

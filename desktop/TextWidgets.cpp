@@ -1,0 +1,143 @@
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QSignalBlocker>
+
+#include "desktop/ControlWidget.h"
+#include "desktop/DropData.h"
+#include "desktop/LineEnds.h"
+#include "desktop/QtText.h"
+
+namespace ovalia::desktop {
+
+using forms::Property;
+
+namespace {
+
+class LineEdit : public QLineEdit {
+ public:
+  using QLineEdit::QLineEdit;
+  std::function<void()> doubleClicked;
+
+ protected:
+  void mouseDoubleClickEvent(QMouseEvent* event) override {
+    QLineEdit::mouseDoubleClickEvent(event);
+    if (event->button() == Qt::LeftButton && doubleClicked) doubleClicked();
+  }
+};
+
+class LineWidget : public ControlWidget {
+ public:
+  LineWidget(const forms::ControlRef& control, QWidget* parent) : LineWidget(control, new LineEdit(parent)) {}
+
+  void follow(Property property) override {
+    const QSignalBlocker silent(edit_);
+    const QString text = toQt(box().text());
+    if (property == Property::Value && edit_->text() != text) {
+      edit_->setText(text);
+      edit_->setCursorPosition(box().SelStart());
+    } else if (property == Property::Selection) {
+      edit_->setSelection(box().SelStart(), box().SelLength());
+    }
+    ControlWidget::follow(property);
+  }
+
+ private:
+  LineWidget(const forms::ControlRef& control, LineEdit* edit) : ControlWidget(control, edit), edit_(edit) {
+    edit->setReadOnly(control->has(forms::readOnly));
+    edit->doubleClicked = [kept = std::static_pointer_cast<forms::TextBox>(control)] {
+      kept->userDoubleClicks();
+    };
+    connect(edit, &QLineEdit::textEdited, this, [this](const QString& text) {
+      const QPointer<LineWidget> self(this);
+      box().userTypes(fromQt(text));
+      if (self) follow(Property::Value);
+    });
+    const auto select = [this] {
+      const int length = static_cast<int>(edit_->selectedText().size());
+      box().userSelects(length ? edit_->selectionStart() : edit_->cursorPosition(), length);
+    };
+    connect(edit, &QLineEdit::selectionChanged, this, select);
+    connect(edit, &QLineEdit::cursorPositionChanged, this, select);
+  }
+
+  forms::TextBox& box() const { return static_cast<forms::TextBox&>(control()); }
+
+  LineEdit* edit_;
+};
+
+// Files dropped on it go to the form, other data into the text.
+class LinesEdit : public QPlainTextEdit {
+ public:
+  LinesEdit(const forms::ControlRef& control, QWidget* parent) : QPlainTextEdit(parent), drops_(control) {}
+
+ protected:
+  void dragEnterEvent(QDragEnterEvent* event) override {
+    if (!drops_.over(*event)) QPlainTextEdit::dragEnterEvent(event);
+  }
+  void dragMoveEvent(QDragMoveEvent* event) override {
+    if (!drops_.over(*event)) QPlainTextEdit::dragMoveEvent(event);
+  }
+  void dropEvent(QDropEvent* event) override {
+    if (!drops_.dropped(*event)) QPlainTextEdit::dropEvent(event);
+  }
+
+ private:
+  FileDrops drops_;
+};
+
+class LinesWidget : public ControlWidget {
+ public:
+  LinesWidget(const forms::ControlRef& control, QWidget* parent)
+      : LinesWidget(control, new LinesEdit(control, parent)) {}
+
+  void follow(Property property) override {
+    const QSignalBlocker silent(edit_);
+    if (property == Property::Value && shown() != shownLines(box().text())) {
+      edit_->setPlainText(shownLines(box().text()));
+    } else if (property == Property::Selection) {
+      QTextCursor cursor = edit_->textCursor();
+      cursor.setPosition(shownPosition(box().text(), box().SelStart()));
+      cursor.setPosition(shownPosition(box().text(), box().SelStart() + box().SelLength()),
+                         QTextCursor::KeepAnchor);
+      edit_->setTextCursor(cursor);
+    }
+    ControlWidget::follow(property);
+  }
+
+ private:
+  LinesWidget(const forms::ControlRef& control, LinesEdit* edit) : ControlWidget(control, edit), edit_(edit) {
+    edit->setTabChangesFocus(true);
+    edit->setReadOnly(control->has(forms::readOnly));
+    connect(edit, &QPlainTextEdit::textChanged, this, [this] {
+      const QPointer<LinesWidget> self(this);
+      if (shown() == shownLines(box().text())) return;
+      box().userTypes(storedLines(shown()));
+      if (self) follow(Property::Value);
+    });
+    const auto select = [this] {
+      const QTextCursor cursor = edit_->textCursor();
+      const int start = storedPosition(box().text(), cursor.selectionStart());
+      box().userSelects(start, storedPosition(box().text(), cursor.selectionEnd()) - start);
+    };
+    connect(edit, &QPlainTextEdit::cursorPositionChanged, this, select);
+    connect(edit, &QPlainTextEdit::selectionChanged, this, select);
+  }
+
+  // The raw text: the plain one turns hard blanks into common ones.
+  QString shown() const {
+    QString text = edit_->document()->toRawText();
+    return text.replace(QChar::ParagraphSeparator, u'\n').replace(QChar::LineSeparator, u'\n');
+  }
+  forms::TextBox& box() const { return static_cast<forms::TextBox&>(control()); }
+
+  LinesEdit* edit_;
+};
+
+}  // namespace
+
+ControlWidgetPtr makeTextWidget(const forms::ControlRef& control, QWidget* parent) {
+  if (control->has(forms::multiLine)) return std::make_unique<LinesWidget>(control, parent);
+  return std::make_unique<LineWidget>(control, parent);
+}
+
+}  // namespace ovalia::desktop

@@ -1,0 +1,24 @@
+#include "engines/Catalog.h"
+
+namespace ovalia::engines {
+
+std::shared_ptr<const TableInfo> Catalog::table(TextView name) {
+  refresh();
+  if (const auto found = tables_.find(name); found != tables_.end()) return found->second;
+  std::shared_ptr<const TableInfo> definition;
+  if (auto described = driver_.describe(name))
+    definition = std::make_shared<TableInfo>(std::move(*described));
+  if (definition) tables_.emplace(Text(name), definition);
+  return definition;
+}
+
+void Catalog::refresh() {
+  const std::uint64_t data = driver_.dataVersion();
+  if (data == dataVersion_) return;
+  const std::uint64_t schema = driver_.schemaVersion();
+  if (schema != schemaVersion_) tables_.clear();
+  schemaVersion_ = schema;
+  dataVersion_ = data;
+}
+
+}  // namespace ovalia::engines

@@ -1,0 +1,81 @@
+#pragma once
+
+#include <memory>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "engines/DialectFacts.h"
+#include "engines/Failures.h"
+#include "engines/KeySet.h"
+#include "engines/Values.h"
+
+namespace ovalia::engines {
+
+struct ColumnInfo {
+  Text name;
+  std::optional<ColumnType> type;  // nothing where the declaration names no type of the model
+  bool autoIncrement = false;
+  bool onlyKey = false;  // the table's whole primary key
+};
+
+struct TableInfo {
+  Text name;
+  std::vector<ColumnInfo> columns;
+
+  // Column by which a row is found again: the whole-number primary key, or what the engine has in its place.
+  // "" where a row cannot be named, as in a view.
+  Text key;
+};
+
+// A column of a statement's result.
+struct ResultColumn {
+  Text name;
+  Text table;  // of the column it comes from; both "" for an expression
+  Text column;
+};
+
+// A statement made ready. Each of the four ways to run it runs it to its end and lets go of the database
+// before returning, so that no read stays open and hides what others commit. They fail with the model's
+// numbers.
+class Statement {
+ public:
+  virtual ~Statement() = default;
+
+  virtual std::vector<ResultColumn> columns() const = 0;
+
+  // Parameters 1, 2, ...; values beyond the last that the statement uses are passed over.
+  virtual void bind(std::span<const Stored> values) = 0;
+
+  virtual bool readFirst(Rows& into) = 0;  // appends the first row; false when there is none
+  virtual void readAll(Rows& into) = 0;
+  virtual void readKeys(KeySet& into) = 0;  // the first columns, as many as the set is wide
+  virtual std::int64_t run() = 0;           // rows that it changed itself
+};
+
+// A connection to an engine. The only part that differs from engine to engine beside its facts.
+class Driver {
+ public:
+  virtual ~Driver() = default;
+
+  virtual const DialectFacts& facts() const = 0;
+  virtual bool readOnly() const = 0;
+  virtual Text name() const = 0;  // the file or the address, without a password
+
+  // `kind` chooses the numbers of failures. More than one statement in the text is a syntax failure.
+  virtual std::unique_ptr<Statement> prepare(TextView sql, StatementKind kind) = 0;
+
+  virtual std::vector<Text> tableNames() = 0;
+
+  // Nothing for a table or view that does not exist. The name matches without regard to case.
+  virtual std::optional<TableInfo> describe(TextView table) = 0;
+
+  // A number that is another one whenever anyone may have changed data since it was last asked, this
+  // connection included. Cheap: asked at every field read.
+  virtual std::uint64_t dataVersion() = 0;
+
+  // The same for the tables' definitions. May cost a short read.
+  virtual std::uint64_t schemaVersion() = 0;
+};
+
+}  // namespace ovalia::engines

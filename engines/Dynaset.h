@@ -1,0 +1,68 @@
+#pragma once
+
+#include "engines/BaseRecordset.h"
+#include "engines/KeyQuery.h"
+#include "engines/PlaceSet.h"
+
+namespace ovalia::engines {
+
+// The keys of its rows as they were when it was opened; each row is read when it is needed and written by
+// key.
+class Dynaset : public BaseRecordset {
+ public:
+  Dynaset(std::shared_ptr<Database> database, Text sql, KeyQuery query);
+
+  void Edit() override;
+  void Update(int type, bool force) override;
+  void CancelUpdate() override;
+  void Delete() override;
+  bool editing() const override { return editing_; }
+
+  std::size_t keyBytes() const { return keys_.bytes(); }
+
+ protected:
+  Place rows() const override { return static_cast<Place>(keys_.size()); }
+  void arrive() override;
+  void dropEdit() override;
+  void reopen(const Translation& translation) override;
+  void forget() override;
+  Place search(TextView criterion, Place from, Direction direction) override;
+  Text nameOf(Place place) const override;
+  Place placeOf(TextView name) const override;
+
+  Variant fieldValue(std::size_t position) override;
+  void setFieldValue(std::size_t position, const Variant& value) override;
+
+ private:
+  static constexpr Place nowhere = -1;
+
+  void load(KeyQuery query);
+  void freshRow();            // reads the current row unless it is at hand as it stands now: 3167
+  bool readRow(Place place);  // false when it is gone
+  std::vector<Stored> keysAt(Place place) const;
+  Place searchKey(std::int64_t key, Place from, Direction direction);
+  const PlaceSet& matches(TextView criterion, const Criterion& condition);
+  Statement& updateStatement(const std::vector<std::size_t>& changed);
+  std::vector<std::size_t> changedFields() const;
+  Text written(TextView name) const;
+
+  KeyQuery query_;
+  KeySet keys_;
+  std::unique_ptr<Statement> rowStatement_;
+
+  Rows row_;
+  Place rowPlace_ = nowhere;  // of the row at hand
+  bool rowThere_ = false;
+  std::uint64_t rowVersion_ = 0;
+
+  bool editing_ = false;
+  std::vector<std::optional<Stored>> edits_;  // by field
+  Text updateSql_;
+  std::unique_ptr<Statement> updateStatement_;
+
+  Text searched_;  // the last criterion, and where its rows are as long as nothing changes
+  std::uint64_t searchedVersion_ = 0;
+  PlaceSet found_;
+};
+
+}  // namespace ovalia::engines

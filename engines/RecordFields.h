@@ -1,0 +1,73 @@
+#pragma once
+
+#include "engines/Driver.h"
+#include "platform/dao.h"
+
+namespace ovalia::engines {
+
+// What is known of a column of a recordset or of a table.
+struct FieldInfo {
+  Text name;
+  Text table;  // real names of where it comes from; "" for an expression
+  Text column;
+  std::optional<ColumnType> type;  // nothing: its values are delivered as the engine keeps them
+  bool autoIncrement = false;
+  bool updatable = false;
+
+  friend bool operator==(const FieldInfo&, const FieldInfo&) = default;
+};
+
+// What a field asks of the recordset or the definition that it belongs to.
+class FieldOwner {
+ public:
+  virtual ~FieldOwner() = default;
+  virtual Variant fieldValue(std::size_t position) = 0;
+  virtual void setFieldValue(std::size_t position, const Variant& value) = 0;
+  virtual std::shared_ptr<dao::Database> fieldDatabase() const = 0;
+  virtual void checkOpen() const = 0;  // 91 when it is closed
+  virtual std::shared_ptr<void> keepAlive() = 0;
+};
+
+// The fields of an owner, which outlives them: each reference to a field keeps it alive.
+class RecordFields : public dao::Fields {
+ public:
+  RecordFields(FieldOwner& owner, std::vector<FieldInfo> infos);
+
+  std::size_t count() const override { return fields_.size(); }
+  std::shared_ptr<dao::Field> at(std::size_t position) override;
+  std::shared_ptr<dao::Field> item(TextView name) override;
+  bool contains(TextView name) override;
+
+  const FieldInfo& info(std::size_t position) const { return fields_[position].info; }
+
+  bool describes(const std::vector<FieldInfo>& infos) const;
+
+  // The position of a name; nothing where there is none. The first of several.
+  std::optional<std::size_t> position(TextView name) const;
+
+ private:
+  class Field : public dao::Field {
+   public:
+    Field(FieldOwner& owner, std::size_t position, FieldInfo about)
+        : info(std::move(about)), owner_(owner), position_(position) {}
+
+    Text Name() const override { return info.name; }
+    Text SourceTable() const override { return info.table; }
+    dao::DataType Type() const override;
+    std::int32_t Attributes() const override { return info.autoIncrement ? dao::dbAutoIncrField : 0; }
+    Variant Value() const override { return owner_.fieldValue(position_); }
+    void setValue(const Variant& value) override { owner_.setFieldValue(position_, value); }
+    std::shared_ptr<dao::Database> database() const override { return owner_.fieldDatabase(); }
+
+    FieldInfo info;
+
+   private:
+    FieldOwner& owner_;
+    std::size_t position_;
+  };
+
+  FieldOwner& owner_;
+  std::vector<Field> fields_;
+};
+
+}  // namespace ovalia::engines

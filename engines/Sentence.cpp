@@ -1,0 +1,80 @@
+#include "engines/Sentence.h"
+
+#include <algorithm>
+
+#include "engines/DateLiteral.h"
+#include "engines/Failures.h"
+#include "engines/Names.h"
+
+namespace ovalia::engines {
+namespace {
+
+Text doubled(TextView text, char16_t mark) {
+  Text all(1, mark);
+  for (const char16_t c : text) {
+    if (c == mark) all += mark;
+    all += c;
+  }
+  all += mark;
+  return all;
+}
+
+bool plainName(TextView name) {
+  if (name.empty() || (name.front() >= u'0' && name.front() <= u'9')) return false;
+  return std::all_of(name.begin(), name.end(), [](char16_t c) {
+    return (c >= u'0' && c <= u'9') || ((c | 0x20) >= u'a' && (c | 0x20) <= u'z') || c == u'_' || c > 0x7F;
+  });
+}
+
+}  // namespace
+
+Text quotedName(TextView name) { return doubled(name, u'"'); }
+Text quotedText(TextView value) { return doubled(value, u'\''); }
+
+Text writtenName(TextView name, const DialectFacts& facts) {
+  const bool reserved = std::any_of(facts.reserved.begin(), facts.reserved.end(),
+                                    [&](TextView word) { return sameAscii(word, name); });
+  return reserved || !plainName(name) ? quotedName(name) : Text(name);
+}
+
+Sentence::Sentence(TextView sql, const DialectFacts& facts)
+    : sql_(sql), facts_(facts), tokens_(tokenize(sql)) {
+  while (!tokens_.empty() && tokens_.back().symbol(u";")) tokens_.pop_back();
+  edits_.resize(tokens_.size());
+}
+
+void Sentence::drop(std::size_t first, std::size_t end) {
+  for (; first < end; ++first) drop(first);
+}
+
+Text Sentence::plain(const Token& token) const {
+  switch (token.kind) {
+    case Token::Kind::TextLiteral:
+      return quotedText(token.value);
+    case Token::Kind::Name:
+      return quotedName(token.value);
+    case Token::Kind::DateLiteral:
+      if (const auto date = dateFromLiteral(token.value)) return facts_.date(*date);
+      throw databaseFailure(dao::failure::syntax, sql_.substr(token.begin, token.end - token.begin));
+    default:
+      return token.value;
+  }
+}
+
+Text Sentence::text(std::size_t first, std::size_t end) const {
+  Text all;
+  for (std::size_t at = first; at < end; ++at) {
+    const Edit& edit = edits_[at];
+    const Token& token = tokens_[at];
+    if (edit.dropped) continue;
+    if (!all.empty()) all.append(sql_.substr(token.gap, token.begin - token.gap));
+    all.append(edit.before);
+    const Text own = edit.instead ? *edit.instead : plain(token);
+    // Two signs in a row would begin a comment in the engine.
+    if (!all.empty() && !own.empty() && all.back() == own.front() && own.front() == u'-') all += u' ';
+    all.append(own).append(edit.after);
+  }
+  return all;
+}
+
+}  // namespace ovalia::engines

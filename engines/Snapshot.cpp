@@ -1,0 +1,139 @@
+#include "engines/Snapshot.h"
+
+#include <algorithm>
+#include <charconv>
+
+#include "engines/Names.h"
+
+namespace ovalia::engines {
+
+std::vector<FieldInfo> fieldsOf(const std::vector<ResultColumn>& columns, const SelectShape* shape,
+                                Catalog& catalog) {
+  const bool matches = shape && shape->outputs.size() == columns.size();
+  std::vector<FieldInfo> all;
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    const ResultColumn& column = columns[i];
+    FieldInfo info{column.name, column.table, column.column, std::nullopt, false, false};
+    if (matches && !shape->outputs[i].name.empty()) info.name = shape->outputs[i].name;
+    if (const auto table = column.table.empty() ? nullptr : catalog.table(column.table)) {
+      for (const ColumnInfo& known : table->columns) {
+        if (!sameColumn(known.name, column.column)) continue;
+        info.type = known.type;
+        info.autoIncrement = known.autoIncrement;
+        break;
+      }
+    } else if (matches && shape->outputs[i].type) {
+      info.type = ColumnType{*shape->outputs[i].type, 0};
+    }
+    all.push_back(std::move(info));
+  }
+  return all;
+}
+
+Snapshot::Snapshot(std::shared_ptr<Database> database, Text sql, const Translation& translation)
+    : BaseRecordset(std::move(database), std::move(sql)) {
+  reopen(translation);
+}
+
+void Snapshot::reopen(const Translation& translation) {
+  const auto statement = database().driver().prepare(translation.sql, StatementKind::Select);
+  auto infos = fieldsOf(statement->columns(), translation.select ? &*translation.select : nullptr,
+                        database().catalog());
+  Rows fresh;
+  statement->readAll(fresh);
+  rows_ = std::move(fresh);
+  columns_ = infos.size();
+  setFields(std::move(infos));
+}
+
+BaseRecordset::Place Snapshot::rows() const {
+  return columns_ == 0 ? 0 : static_cast<Place>(rows_.cellCount() / columns_);
+}
+
+const Rows::Cell& Snapshot::cell(Place row, std::size_t column) const {
+  return rows_.cell(static_cast<std::size_t>(row) * columns_ + column);
+}
+
+Variant Snapshot::fieldValue(std::size_t position) {
+  needRow();
+  if (position >= columns_) throw databaseFailure(dao::failure::notInCollection);
+  const auto& type = recordFields().info(position).type;
+  return toVariant(rows_, cell(place(), position), type ? std::optional(type->type) : std::nullopt);
+}
+
+void Snapshot::setFieldValue(std::size_t, const Variant&) {
+  checkOpen();
+  throw databaseFailure(dao::failure::updateWithoutEdit);
+}
+
+void Snapshot::Edit() {
+  needRow();
+  throw databaseFailure(dao::failure::readOnly);
+}
+
+void Snapshot::Update(int, bool) {
+  checkOpen();
+  throw databaseFailure(dao::failure::updateWithoutEdit);
+}
+
+void Snapshot::CancelUpdate() { checkOpen(); }
+
+void Snapshot::Delete() {
+  needRow();
+  throw databaseFailure(dao::failure::readOnly);
+}
+
+// The engine judges the criterion over the values read: each column is a parameter.
+BaseRecordset::Place Snapshot::search(TextView criterion, Place from, Direction direction) {
+  const DialectFacts& facts = database().driver().facts();
+  SelectShape shape;
+  for (std::size_t i = 0; i < columns_; ++i) {
+    const FieldInfo& info = recordFields().info(i);
+    OutputColumn output;
+    output.name = info.name;
+    output.sql = Text(facts.parameter) + toText(static_cast<std::int64_t>(i) + 1);
+    if (info.type) output.type = info.type->type;
+    shape.outputs.push_back(std::move(output));
+  }
+  const Criterion condition = translateCriterion(criterion, shape, database().catalog(), facts);
+  const auto statement =
+      database().driver().prepare(u"SELECT 1 WHERE " + condition.sql, StatementKind::Criterion);
+  std::vector<Stored> values(columns_);
+  Rows met;
+  const Place step = direction == Direction::Forward ? 1 : -1;
+  for (Place row = std::clamp<Place>(from, -1, rows()); row >= 0 && row < rows(); row += step) {
+    for (std::size_t i = 0; i < columns_; ++i) {
+      const Rows::Cell& value = cell(row, i);
+      switch (value.kind) {
+        case Rows::Kind::Null:
+          values[i] = std::monostate{};
+          break;
+        case Rows::Kind::Integer:
+          values[i] = value.integer;
+          break;
+        case Rows::Kind::Real:
+          values[i] = value.real;
+          break;
+        case Rows::Kind::Text:
+          values[i] = std::string(rows_.text(value));
+          break;
+      }
+    }
+    statement->bind(values);
+    if (statement->readFirst(met)) return row;
+  }
+  return -1;
+}
+
+Text Snapshot::nameOf(Place place) const { return toText(place); }
+
+BaseRecordset::Place Snapshot::placeOf(TextView name) const {
+  const std::string digits = toUtf8(name);
+  Place place = -1;
+  const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), place);
+  if (error != std::errc() || end != digits.data() + digits.size() || place < 0 || place >= rows())
+    throw databaseFailure(dao::failure::noCurrentRecord);
+  return place;
+}
+
+}  // namespace ovalia::engines

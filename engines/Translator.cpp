@@ -1,0 +1,117 @@
+#include "engines/Translator.h"
+
+#include <algorithm>
+#include <array>
+
+#include "engines/Names.h"
+#include "engines/SentenceTranslator.h"
+
+namespace ovalia::engines {
+namespace {
+
+constexpr std::array<TextView, 4> translatedVerbs{u"SELECT", u"INSERT", u"UPDATE", u"DELETE"};
+
+bool wordCharacter(char16_t c) {
+  return (c >= u'0' && c <= u'9') || ((c | 0x20) >= u'a' && (c | 0x20) <= u'z') || c == u'_' || c > 0xA0;
+}
+
+bool isTranslated(TextView sql) {
+  const auto begin = std::find_if(sql.begin(), sql.end(), wordCharacter);
+  const TextView word(begin, std::find_if_not(begin, sql.end(), wordCharacter));
+  return std::any_of(translatedVerbs.begin(), translatedVerbs.end(),
+                     [&](TextView verb) { return sameAscii(verb, word); });
+}
+
+// A name alone, in brackets or plain.
+bool namesTable(TextView sql) {
+  if (sql.size() > 2 && sql.front() == u'[') return sql.find(u']') == sql.size() - 1;
+  return !sql.empty() && !isTranslated(sql) && std::all_of(sql.begin(), sql.end(), wordCharacter);
+}
+
+}  // namespace
+
+SentenceTranslator::SentenceTranslator(Sentence& sentence, Catalog& catalog)
+    : sentence_(sentence),
+      catalog_(catalog),
+      facts_(sentence.facts()),
+      closing_(sentence.size(), sentence.size()) {
+  std::vector<std::size_t> open;
+  for (std::size_t i = 0; i < sentence.size(); ++i) {
+    if (sentence[i].symbol(u"(")) open.push_back(i);
+    if (sentence[i].symbol(u")") && !open.empty()) {
+      closing_[open.back()] = i;
+      open.pop_back();
+    }
+  }
+}
+
+std::size_t SentenceTranslator::closing(std::size_t open) const { return closing_[open]; }
+
+Translation SentenceTranslator::statement() {
+  Translation result;
+  const std::size_t end = sentence_.size();
+  const auto begins = [&](TextView word) { return end > 0 && sentence_[0].is(word); };
+  if (begins(u"SELECT")) {
+    result.kind = StatementKind::Select;
+    result.select = select(0, end, nullptr);
+  } else if (begins(u"INSERT")) {
+    result.kind = StatementKind::Insert;
+    insert(result);
+  } else if (begins(u"UPDATE")) {
+    result.kind = StatementKind::Update;
+    update(result);
+  } else if (begins(u"DELETE")) {
+    result.kind = StatementKind::Delete;
+    erase(result);
+  }
+  result.sql = sentence_.text(0, end);
+  result.refusedForLength = tooLong_ && !facts_.checksLengths;
+  return result;
+}
+
+Criterion SentenceTranslator::criterion(const SelectShape& select) {
+  Scope scope;
+  scope.tables = select.tables;
+  scope.outputs = select.outputs;
+  scope.outputsFirst = true;
+  const std::size_t end = sentence_.size();
+  all(scope, end);
+  Criterion result;
+  result.sql = sentence_.text(0, end);
+  if (result.sql.empty()) throw databaseFailure(dao::failure::criterionSyntax);
+  if (end != 3 || !sentence_[0].name() || !sentence_[1].symbol(u"=") ||
+      sentence_[2].kind != Token::Kind::Number)
+    return result;
+  const OutputColumn* output = scope.output(sentence_[0].value);
+  const std::string digits = toUtf8(sentence_[2].value);
+  if (!output || digits.size() > 18 || digits.find_first_not_of("0123456789") != std::string::npos)
+    return result;
+  result.onlyColumn = static_cast<std::size_t>(output - scope.outputs.data());
+  result.onlyNumber = std::stoll(digits);
+  return result;
+}
+
+Translation translate(TextView sql, Catalog& catalog, const DialectFacts& facts) {
+  if (namesTable(sql)) {
+    const Text all = u"SELECT * FROM " + Text(sql);
+    Sentence whole(all, facts);
+    return SentenceTranslator(whole, catalog).statement();
+  }
+  // Definitions and pragmas are in the engine's own words.
+  if (!isTranslated(sql)) return {StatementKind::Other, Text(sql), std::nullopt, false};
+  Sentence sentence(sql, facts);
+  return SentenceTranslator(sentence, catalog).statement();
+}
+
+Criterion translateCriterion(TextView criterion, const SelectShape& select, Catalog& catalog,
+                             const DialectFacts& facts) {
+  try {
+    Sentence sentence(criterion, facts);
+    return SentenceTranslator(sentence, catalog).criterion(select);
+  } catch (const Failure& failure) {
+    if (failure.number() != dao::failure::syntax) throw;
+    throw Failure(dao::failure::criterionSyntax, failure.description());
+  }
+}
+
+}  // namespace ovalia::engines

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <sqlite3.h>
+
+#include "engines/Driver.h"
+
+namespace ovalia::engines::sqlite {
+
+class SqliteStatement : public Statement {
+ public:
+  SqliteStatement(sqlite3* connection, std::string_view sql, StatementKind kind);
+  ~SqliteStatement() override;
+  SqliteStatement(const SqliteStatement&) = delete;
+  SqliteStatement& operator=(const SqliteStatement&) = delete;
+
+  std::vector<ResultColumn> columns() const override;
+  void bind(std::span<const Stored> values) override;
+  bool readFirst(Rows& into) override;
+  void readAll(Rows& into) override;
+  void readKeys(KeySet& into) override;
+  std::int64_t run() override;
+
+ private:
+  void append(Rows& into, int columns);
+
+  sqlite3* connection_;
+  sqlite3_stmt* statement_ = nullptr;
+  StatementKind kind_;
+};
+
+}  // namespace ovalia::engines::sqlite

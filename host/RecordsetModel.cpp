@@ -1,0 +1,122 @@
+#include "host/RecordsetModel.h"
+
+#include <cmath>
+
+#include "desktop/QtText.h"
+#include "platform/Platform.h"
+
+namespace ovalia::host {
+
+using desktop::toQt;
+
+namespace {
+
+constexpr int rowsKept = 1024;
+constexpr int longestText = 200;
+
+QString dateText(Date date) {
+  if (date.days == 0) return {};
+  const bool wholeDay = date.days == std::floor(date.days);
+  return toQt(formatDate(date, wholeDay ? u"dd/MM/yyyy" : u"dd/MM/yyyy hh:nn", regionalNow()));
+}
+
+bool isNumber(VarType type) {
+  return type == VarType::Integer || type == VarType::Long || type == VarType::Currency ||
+         type == VarType::Byte || type == VarType::Double || type == VarType::Single;
+}
+
+}  // namespace
+
+QString gridText(const Variant& value) {
+  if (value.type() == VarType::Date) return dateText(value.toDate());
+  if (value.type() == VarType::Boolean) return value.toBoolean() ? QStringLiteral("Sí") : QString();
+  if (value.type() == VarType::Currency) return toQt(formatGrouped(value.toDouble(), regionalNow()));
+  const QString text = toQt(value.text());
+  const auto lineEnd = text.indexOf(u'\n');
+  return (lineEnd < 0 ? text : text.left(lineEnd)).left(longestText).trimmed();
+}
+
+RecordsetModel::RecordsetModel(std::vector<ModelColumn> columns, Text key, QObject* parent)
+    : QAbstractTableModel(parent), all_(std::move(columns)), key_(std::move(key)), near_(rowsKept) {}
+
+void RecordsetModel::setRecordset(dao::RecordsetRef rows) {
+  beginResetModel();
+  rows_ = std::move(rows);
+  near_.clear();
+  columns_.clear();
+  for (const ModelColumn& column : all_)
+    if (rows_ && rows_->fields().contains(column.field)) columns_.push_back(column);
+  endResetModel();
+}
+
+void RecordsetModel::reload() {
+  if (!rows_) return;
+  beginResetModel();
+  rows_->Requery();
+  near_.clear();
+  endResetModel();
+}
+
+RecordsetModel::Row RecordsetModel::read(int row) const {
+  Row made;
+  made.cells.resize(columns_.size());
+  made.numbers.resize(columns_.size());
+  try {
+    rows_->setAbsolutePosition(row);
+    made.key = rows_->value(key_).toLong();
+    for (std::size_t i = 0; i < columns_.size(); ++i) {
+      const Variant value = rows_->value(columns_[i].field);
+      made.cells[i] = gridText(value);
+      made.numbers[i] = isNumber(value.type());
+    }
+  } catch (const Failure&) {
+    // Another user deleted the row since the list was read; it goes at the next reload.
+    made.key = 0;
+    if (!made.cells.empty()) made.cells[0] = QStringLiteral("(borrada)");
+  }
+  return made;
+}
+
+const RecordsetModel::Row& RecordsetModel::rowAt(int row) const {
+  if (const Row* kept = near_.object(row)) return *kept;
+  auto* made = new Row(read(row));
+  near_.insert(row, made);
+  return *made;
+}
+
+std::int32_t RecordsetModel::keyAt(int row) const {
+  return row < 0 || row >= rowCount() ? 0 : rowAt(row).key;
+}
+
+int RecordsetModel::rowOf(std::int32_t key) const {
+  if (!rows_ || !key) return -1;
+  rows_->FindFirst(key_ + u" = " + toText(key));
+  return rows_->NoMatch() ? -1 : rows_->AbsolutePosition();
+}
+
+int RecordsetModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() || !rows_ ? 0 : rows_->RecordCount();
+}
+
+int RecordsetModel::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(columns_.size());
+}
+
+QVariant RecordsetModel::data(const QModelIndex& index, int role) const {
+  if (!index.isValid()) return {};
+  const auto column = static_cast<std::size_t>(index.column());
+  if (role == Qt::DisplayRole) return rowAt(index.row()).cells[column];
+  if (role == Qt::TextAlignmentRole)
+    return QVariant(Qt::AlignVCenter | (rowAt(index.row()).numbers[column] ? Qt::AlignRight : Qt::AlignLeft));
+  return {};
+}
+
+QVariant RecordsetModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation != Qt::Horizontal || section < 0 || section >= columnCount()) return {};
+  const auto column = static_cast<std::size_t>(section);
+  if (role == Qt::DisplayRole) return columns_[column].heading;
+  if (role == Qt::TextAlignmentRole) return QVariant(Qt::AlignLeft | Qt::AlignVCenter);
+  return {};
+}
+
+}  // namespace ovalia::host

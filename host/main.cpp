@@ -1,0 +1,87 @@
+#include <QApplication>
+#include <cstdlib>
+#include <iostream>
+
+#include "component/CNota.h"
+#include "desktop/Surroundings.h"
+#include "host/MainWindow.h"
+#include "host/QtDialogs.h"
+#include "host/Tour.h"
+
+namespace {
+
+using namespace ovalia;
+using namespace ovalia::host;
+
+constexpr int failed = 1;
+constexpr int criticalBox = 16;
+
+// With a screen the message comes up as a box too; without one, or on a tour, nobody could answer it.
+int refuse(const Text& message, bool box) {
+  std::cerr << "agencia: " << toUtf8(message) << '\n';
+  if (box) Platform::current().screen->messageBox(message, criticalBox, u"");
+  return failed;
+}
+
+int run(const StartOptions& options, desktop::Surroundings& here) {
+  const auto file = prepareDatabase(options);
+  Platform& platform = here.platform();
+  const Text user = platform.settings->get(platform.app.title, u"Settings", u"Usuario", u"");
+  QtDialogs dialogs;
+  Workplace workplace{openAgency(file, user), dialogs, {}, {}};
+  CNota::cgDB(workplace.agency.database);
+  CNota::PathDB(fromUtf8(file.native()));
+  CNota::ErrLogPath(fromUtf8((file.parent_path() / "ErrLog[_].txt").native()));
+
+  MainWindow window(workplace);
+  here.setHostForms({[&window] { return window.activeForm(); },
+                     [&window] {
+                       std::vector<ObjectRef> forms;
+                       if (ObjectRef form = window.activeForm()) forms.push_back(std::move(form));
+                       return forms;
+                     }});
+  int result = 0;
+  if (options.tour) {
+    result = playTour(window, *options.tour) ? 0 : failed;
+  } else {
+    window.show();
+    result = QApplication::exec();
+  }
+  here.setHostForms({});
+  return result;
+}
+
+bool hasScreen() { return std::getenv("DISPLAY") || std::getenv("WAYLAND_DISPLAY"); }
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const std::vector<std::string> arguments(argv + 1, argv + argc);
+  StartOptions options;
+  try {
+    options = parseOptions(arguments);
+  } catch (const StartFailure& failure) {
+    return refuse(failure.message, false);
+  }
+  if (options.help) {
+    std::cout << toUtf8(usage());
+    return 0;
+  }
+  // A tour needs no screen.
+  if ((options.tour || !hasScreen()) && !std::getenv("QT_QPA_PLATFORM"))
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+  if (!options.tour && !hasScreen() && qEnvironmentVariable("QT_QPA_PLATFORM") == QStringLiteral("offscreen"))
+    return refuse(u"No hay pantalla. Use --tour CARPETA para ver el programa sin ella.", false);
+
+  QApplication application(argc, argv);
+  AppInfo about;
+  about.title = u"Agencia";
+  desktop::Surroundings here(about);
+  try {
+    return run(options, here);
+  } catch (const StartFailure& failure) {
+    return refuse(failure.message, !options.tour);
+  } catch (const Failure& failure) {
+    return refuse(failure.description(), !options.tour);
+  }
+}
