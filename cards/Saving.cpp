@@ -4,6 +4,7 @@
 
 #include "cards/CardToRecord.h"
 #include "cards/Deletion.h"
+#include "cards/EditTracking.h"
 #include "cards/RecordToCard.h"
 #include "cards/Validation.h"
 #include "commands/ToolState.h"
@@ -94,7 +95,7 @@ void keepChanges(Instance& nota, bool& result) {
                 [&] { showStamp(nota); },
                 [&] { RefrescoCaption(nota); },
                 [&] {
-                  if (const auto active = nota.card().ActiveControl()) active->Tag = u"HacerAlgo";
+                  if (const auto active = nota.card().ActiveControl()) active->Tag = HacerAlgo;
                 },
                 [&] {
                   if (result) nota.EstadoFicha = limpia;
@@ -139,7 +140,7 @@ void Guardar(Instance& nota, TextView Preguntar) {
     if (!AvisoCambio(nota, Preguntar, u"Save")) return;
     const forms::ControlRef active = nota.card().ActiveControl();
     if (!active) throw Failure(failure::objectNotSet);
-    active->Tag = u"HacerAlgo";
+    active->Tag = HacerAlgo;
   });
 }
 
