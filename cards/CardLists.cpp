@@ -27,10 +27,10 @@ ControlRef trackedControl(Instance& nota, TextView name) {
 
 void chooseFrom(Instance& nota, const PickTable& list) {
   const ControlRef control = trackedControl(nota, list.control);
-  Text chosen;
-  nota.nota.VerListadoMx(chosen, control->value().toText(), Text(list.tabla), Text(list.Titulo));
+  Text Cats;
+  nota.nota.VerListadoMx(Cats, control->value().toText(), Text(list.tabla), Text(list.Titulo));
   control->SetFocus();
-  control->setValue(chosen);
+  control->setValue(Cats);
 }
 
 // What the host chose instead of the name in a control.
@@ -83,27 +83,28 @@ void ListaMedioPubli(Instance& nota) {
 void ListaCliente(Instance& nota) {
   procedure(u"ListaCliente de CNota", [&] {
     const ControlRef control = trackedControl(nota, u"txtCliente");
-    const Text chosen = chosenInstead(nota.nota.VerClientes, control);
+    const Text CliNew = chosenInstead(nota.nota.VerClientes, control);
     control->SetFocus();
-    control->setValue(chosen);
+    control->setValue(CliNew);
     if (ExisteControl(nota.card().Controls(), u"txtTfnoCliente"))
-      nota.card().control(u"txtTfnoCliente")->setValue(TelefonoCliente(std::int32_t(0), chosen, u"Cliente"));
+      nota.card().control(u"txtTfnoCliente")->setValue(TelefonoCliente(std::int32_t(0), CliNew, u"Cliente"));
   });
 }
 
 void ListaAgencia(Instance& nota) {
   procedure(u"ListaAgencia de CNota", [&] {
     const ControlRef control = trackedControl(nota, u"txtOtraAgencia");
-    const Text chosen = chosenInstead(nota.nota.VerAgencias, control);
+    const Text CliNew = chosenInstead(nota.nota.VerAgencias, control);
     control->SetFocus();
-    control->setValue(chosen);
+    control->setValue(CliNew);
   });
 }
 
 void ListaUsuario(Instance& nota) {
   procedure(u"ListaUsuario de CNota", [&] {
     const ControlRef control = trackedControl(nota, u"cboUsuario");
-    control->setValue(chosenInstead(nota.nota.VerUsuarios, control));
+    const Text UsuNew = chosenInstead(nota.nota.VerUsuarios, control);
+    control->setValue(UsuNew);
     control->SetFocus();
   });
 }
@@ -111,11 +112,11 @@ void ListaUsuario(Instance& nota) {
 void ListaAcceso(Instance& nota) {
   procedure(u"ListaAcceso de CNota", [&] {
     const ControlRef control = trackedControl(nota, u"cboAcceso");
-    bool chosen = false;
-    Text newName;
-    nota.nota.ChkTipoAccNota(chosen, control->value().toText(), newName);
+    bool Ok = false;
+    Text NewValor;
+    nota.nota.ChkTipoAccNota(Ok, control->value().toText(), NewValor);
     reloadAccessTypes(nota, control);
-    if (chosen) control->setValue(newName);
+    if (Ok) control->setValue(NewValor);
     control->SetFocus();
   });
 }

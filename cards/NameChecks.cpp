@@ -22,12 +22,12 @@ bool byHost(Instance& nota, Text& name, const HostCheck& check) {
   return procedure(check.procedureName, true, [&](bool& result) {
     const Text before = nota.EstadoFicha == nueva ? Text() : nota.crs().value(check.field).text();
     if (trimBlanks(name) == before) return;
-    Text proposed;
-    bool accepted = false;
-    (nota.nota.*check.event)(name, proposed, accepted);
-    if (accepted) return;
+    Text CliNew;
+    bool Ok = false;
+    (nota.nota.*check.event)(name, CliNew, Ok);
+    if (Ok) return;
     result = false;
-    if (!proposed.empty() && proposed != name) name = proposed;
+    if (!CliNew.empty() && CliNew != name) name = CliNew;
   });
 }
 

@@ -22,9 +22,9 @@ using Check = void (*)(Instance& nota, const ControlRef& control, bool ask, bool
 
 template <const PickTable& list>
 void inHostsList(Instance& nota, const ControlRef& control, bool, bool& ok) {
-  bool accepted = false;
-  nota.nota.ChkListadoMx(accepted, control, Text(list.tabla), Text(list.Titulo));
-  ok = accepted;
+  bool Ok = false;
+  nota.nota.ChkListadoMx(Ok, control, Text(list.tabla), Text(list.Titulo));
+  ok = Ok;
 }
 
 // The telephone follows the name that stands there now, accepted or not.
@@ -49,10 +49,10 @@ void accessType(Instance& nota, const ControlRef& control, bool ask, bool& ok) {
   if (!rows->isEOF()) return;
   ok = false;
   if (!ask) return;
-  bool chosen = false;
-  Text newName;
-  nota.nota.ChkTipoAccNota(chosen, name, newName);
-  if (chosen) control->setValue(newName);
+  bool Ok = false;
+  Text NewValor;
+  nota.nota.ChkTipoAccNota(Ok, name, NewValor);
+  if (Ok) control->setValue(NewValor);
 }
 
 void leadTime(Instance&, const ControlRef& control, bool, bool&) {
