@@ -46,9 +46,9 @@ struct Column {
 };
 
 Variant key(std::size_t row) { return static_cast<std::int32_t>(10 + row); }
-template <std::int32_t number>
+template <std::int32_t fixed>
 Variant number(std::size_t) {
-  return number;
+  return fixed;
 }
 Variant null(std::size_t) { return Null; }
 Variant no(std::size_t) { return false; }
