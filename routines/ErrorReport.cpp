@@ -6,8 +6,7 @@
 #include "platform/Platform.h"
 #include "platform/Variant.h"
 #include "platform/dao.h"
-#include "routines/FileHelpers.h"
-#include "routines/Messages.h"
+#include "routines/ErrorLog.h"
 #include "routines/ModuleValues.h"
 #include "routines/SupportReport.h"
 #include "routines/SystemHelpers.h"
@@ -17,7 +16,6 @@ namespace {
 
 constexpr int yes = 6;
 constexpr int no = 7;
-constexpr std::int32_t noNumber = -1000;
 
 // Failures that have a text of their own. "%1" stands for the application's title.
 struct Announcement {
@@ -55,10 +53,11 @@ void announce(const Announcement& row) {
 }
 
 int showFailure(TextView rutina, const PendingError& error) {
+  // First of all: without a platform nothing below could report either.
+  Screen& screen = *Platform::current().screen;
   const Text text = join(u"Error en la rutina: ", rutina, CRLF, CRLF, u"Texto del error: ", error.description,
                          CRLF, u"Número del error: ", error.number);
   const Text title = u"Error. - Versión: " + VersionPrograma(2);
-  Screen& screen = *Platform::current().screen;
   if (!moduleValues().EnviandoSoporte)
     return screen.messageBox(join(text, CRLF, CRLF, offer), 4 + 48 + 4096, title);
   screen.messageBox(text, 48 + 4096, title);
@@ -69,31 +68,6 @@ void sendReport(TextView rutina, const PendingError& error) {
   const Text asunto = join(u"Incidencia en ", Platform::current().app.title, u" ", VersionPrograma(2));
   const Text cuerpo = join(CRLF, u"Descripción: ", error.description, u" (", rutina, u") ");
   EnviarDatosASoporte(u"", true, asunto, cuerpo);
-}
-
-// " (form)->(control)" of what the user stands on.
-Text activePlace(Screen& screen) {
-  const ObjectRef form = screen.activeForm();
-  if (!form) return {};
-  Text place = join(u" (", getMember(form, u"Name"), u")");
-  if (const ObjectRef control = screen.activeControl())
-    place += join(u"->(", getMember(control, u"Name"), u")");
-  return place;
-}
-
-Text logEntry(TextView descripcion, std::int32_t numero, TextView rutina) {
-  const Platform& here = Platform::current();
-  Text entry = formatDate(here.clock->now(), u"dd/mm/yy hh:mm:ss ", regionalNow());
-  entry += descripcion;
-  if (numero != noNumber) entry += join(u" [", numero, u"] ");
-  entry += rutina;
-  entry += activePlace(*here.screen);
-  entry += CRLF;
-  entry += u"    Formularios: ";
-  for (const ObjectRef& form : here.screen->forms())
-    entry += join(getMember(form, u"Name"), u"{", getMember(form, u"Caption"), u"} ");
-  entry += CRLF;
-  return entry;
 }
 
 }  // namespace
@@ -121,23 +95,6 @@ void GestionarError(TextView rutina, PendingError& error) {
     moduleValues().EnviandoSoporte = false;
   }
   flag = before;
-}
-
-void EscribirErrLog(TextView descripcion, std::int32_t numero, TextView rutina) {
-  Text& path = moduleValues().ErrLogPath;
-  try {
-    if (path.empty()) path = componentFolder() + u"ErrLog[_].txt";
-    const Text file = logicPath(path);
-    Text name;
-    if (ComprobarDirectorio(PathFichero(file, name), false).empty()) {
-      MostrarMensaje(u"Error al crear " + path, 16, u"");
-      return;
-    }
-    Platform::current().files->append(file, logEntry(descripcion, numero, rutina));
-  } catch (...) {
-    // Not reported: a report would come back here.
-    MostrarMensaje(u"Error al escribir en " + path, 16, u"");
-  }
 }
 
 }  // namespace ovalia

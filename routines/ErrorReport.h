@@ -30,9 +30,4 @@ void GestionarError(TextView rutina, PendingError& error);
 // Whether failures without a text of their own are shown to the user. They always are.
 bool PermitirAvisoError();
 
-// Appends two lines to the log: moment, description, [number], routine, active form and control; then the
-// loaded forms. Number -1000 stands for "none". An empty `ErrLogPath` is filled with the default first. A log
-// that cannot be written is told by a message, and the entry is lost; nothing is thrown and nothing reported.
-void EscribirErrLog(TextView descripcion, std::int32_t numero, TextView rutina);
-
 }  // namespace ovalia

@@ -9,7 +9,6 @@ namespace {
 
 // Sorted upwards, Null and empty values come first.
 void skipBlankRows(dao::Recordset& rows, TextView column) {
-  while (!rows.isEOF() && rows.value(column).isNull()) rows.MoveNext();
   while (!rows.isEOF() && rows.value(column).text().empty()) rows.MoveNext();
 }
 

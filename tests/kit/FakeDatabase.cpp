@@ -46,11 +46,17 @@ dao::RecordsetRef FakeDatabase::OpenRecordset(TextView sql, dao::RecordsetType) 
   FakeTableRef rows;
   if (const auto answer = answers_.find(Text(sql)); answer != answers_.end()) rows = answer->second;
   if (const auto table = tables_.find(sql); table != tables_.end()) rows = table->second;
+  if (!rows) rows = otherwise(sql);
   if (!rows) {
     ADD_FAILURE() << "statement not announced: " << toUtf8(sql);
     throw Failure(dao::failure::unknownTable);
   }
   return std::make_shared<FakeRecordset>(rows, shared_from_this(), faults_);
+}
+
+FakeTableRef FakeDatabase::tableNamed(TextView name) const {
+  const auto found = tables_.find(name);
+  return found == tables_.end() ? nullptr : found->second;
 }
 
 void FakeDatabase::Execute(TextView sql) {

@@ -25,6 +25,12 @@ class FakeDatabase : public dao::Database, public std::enable_shared_from_this<F
   FakeTableRef answers(Text sql, std::vector<FakeColumn> columns,
                        std::vector<std::vector<Variant>> rows = {});
 
+  // The table of that name as it stands; an empty reference where there is none.
+  FakeTableRef tableNamed(TextView name) const;
+
+  // Asked for a SELECT that is on no list; an empty reference: nobody announced it.
+  std::function<FakeTableRef(TextView sql)> otherwise = [](TextView) { return FakeTableRef(); };
+
   std::vector<Text> opened;    // statements of OpenRecordset, in order
   std::vector<Text> executed;  // statements of Execute, in order
 

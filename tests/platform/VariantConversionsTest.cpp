@@ -116,20 +116,20 @@ const Conversions table[] = {
 class VariantConversions : public testing::TestWithParam<Conversions> {};
 
 TEST_P(VariantConversions, give_the_value_or_the_failure_of_the_table) {
-  const auto& [name, value, boolean, byte, integer, long_, double_, currency, date, text, joined, numeric,
-               holds, object] = GetParam();
-  EXPECT_EQ(outcome([&] { return value.toBoolean(); }), boolean);
-  EXPECT_EQ(outcome([&] { return std::int32_t(value.toByte()); }), byte);
-  EXPECT_EQ(outcome([&] { return std::int32_t(value.toInteger()); }), integer);
-  EXPECT_EQ(outcome([&] { return value.toLong(); }), long_);
-  EXPECT_EQ(outcome([&] { return value.toDouble(); }), double_);
-  EXPECT_EQ(outcome([&] { return value.toCurrency(); }), currency);
-  EXPECT_EQ(outcome([&] { return value.toDate(); }), date);
-  EXPECT_EQ(outcome([&] { return value.toText(); }), text);
-  EXPECT_EQ(outcome([&] { return value.text(); }), joined);
-  EXPECT_EQ(outcome([&] { return value.isNumeric(); }), numeric);
-  EXPECT_EQ(outcome([&] { return value.holds(); }), holds);
-  EXPECT_EQ(outcome([&] { return value.toObject(); }), object);
+  const Conversions& row = GetParam();
+  const Variant& value = row.value;
+  EXPECT_EQ(outcome([&] { return value.toBoolean(); }), row.boolean);
+  EXPECT_EQ(outcome([&] { return std::int32_t(value.toByte()); }), row.byte);
+  EXPECT_EQ(outcome([&] { return std::int32_t(value.toInteger()); }), row.integer);
+  EXPECT_EQ(outcome([&] { return value.toLong(); }), row.long_);
+  EXPECT_EQ(outcome([&] { return value.toDouble(); }), row.double_);
+  EXPECT_EQ(outcome([&] { return value.toCurrency(); }), row.currency);
+  EXPECT_EQ(outcome([&] { return value.toDate(); }), row.date);
+  EXPECT_EQ(outcome([&] { return value.toText(); }), row.text);
+  EXPECT_EQ(outcome([&] { return value.text(); }), row.joined);
+  EXPECT_EQ(outcome([&] { return value.isNumeric(); }), row.numeric);
+  EXPECT_EQ(outcome([&] { return value.holds(); }), row.holds);
+  EXPECT_EQ(outcome([&] { return value.toObject(); }), row.object);
 }
 
 INSTANTIATE_TEST_SUITE_P(Each, VariantConversions, testing::ValuesIn(table),

@@ -1,6 +1,7 @@
 #include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
 
+#include "routines/ErrorLog.h"
 #include "routines/Messages.h"
 #include "routines/Trap.h"
 #include "tests/kit/FakeDatabase.h"

@@ -109,6 +109,10 @@ TEST_F(Trap, with_no_trap_around_it_a_failure_of_the_reporter_is_thrown) {
   EXPECT_THROW(procedure(u"Guardar de CNota", [] { throw Failure(13); }), Failure);
 }
 
+TEST(TrapWithoutPlatform, throws_since_there_is_nobody_to_report_to) {
+  EXPECT_EQ(resumeNext([] { procedure(u"AbreNota de CNota", [] { throw Failure(13); }); }), 91);
+}
+
 TEST_F(Trap, a_name_may_be_made_at_the_moment_of_the_failure) {
   Text valor = u"antes";
   expectReport(u"FechayHora de CNota (FechaFin, después) ", 13);
