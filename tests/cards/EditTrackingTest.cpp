@@ -1,0 +1,699 @@
+#include "cards/EditTracking.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <vector>
+
+#include "tests/cardkit/CardTest.h"
+
+namespace ovalia {
+namespace {
+
+class EditTracking : public kit::CardTest {
+ protected:
+  void focus(TextView control) { user.enters(control); }
+  void setState(std::int32_t value) { instance.EstadoFicha = value; }
+
+  // As if the control had just been entered on a clean card.
+  void track(TextView control) {
+    setState(limpia);
+    form().control(control)->Tag = HacerAlgo;
+  }
+
+  forms::ControlRef ref(TextView control) const { return form().control(control); }
+
+  // Opens such a card and puts it away afterwards, changed or not.
+  void with(TextView tipo, kit::Fields fields, const std::function<void()>& script) {
+    openCard(tipo, std::move(fields), [&] {
+      script();
+      putAway();
+    });
+  }
+};
+
+// The tracking of a control that takes the focus.
+
+TEST_F(EditTracking, a_control_that_takes_the_focus_is_tracked_by_the_state_of_the_card) {
+  struct Row {
+    std::int32_t state;
+    TextView before, after;
+  };
+  const std::vector<Row> rows = {
+      {limpia, u"", HacerAlgo},           {limpia, HacerNada, HacerAlgo},
+      {limpia, HacerAlgo, HacerAlgo},     {nueva, u"", u""},
+      {nueva, HacerNada, HacerNada},      {nueva, HacerAlgo, HacerAlgo},
+      {modificada, u"", HacerNada},       {modificada, HacerNada, HacerNada},
+      {modificada, HacerAlgo, HacerAlgo}, {cargando, u"", HacerAlgo},
+      {cargando, HacerNada, HacerAlgo},   {7, u"", HacerAlgo},
+  };
+  with(u"Nota", {}, [&] {
+    for (const Row& row : rows) {
+      control(u"txtAsunto").Tag = row.before;
+      PrepararTag(row.state, control(u"txtAsunto"));
+      EXPECT_EQ(tag(u"txtAsunto"), row.after) << row.state << " " << toUtf8(row.before);
+    }
+  });
+}
+
+TEST_F(EditTracking, the_words_of_a_tag_are_these) {
+  EXPECT_EQ(HacerAlgo, u"HacerAlgo");
+  EXPECT_EQ(HacerNada, u"HacerNada");
+}
+
+TEST_F(EditTracking, entering_a_text_box_selects_its_text_but_the_large_one_keeps_its_caret) {
+  with(u"Nota", {}, [&] {
+    focus(u"txtCategorias");
+    const auto categories = form().as<forms::TextBox>(u"txtCategorias");
+    EXPECT_EQ(categories->SelStart(), 0);
+    EXPECT_EQ(categories->SelLength(), 15);
+    focus(u"txtNotas");
+    EXPECT_EQ(form().as<forms::TextBox>(u"txtNotas")->SelLength(), 0);
+    EXPECT_EQ(tag(u"txtNotas"), HacerAlgo);
+  });
+}
+
+TEST_F(EditTracking, entering_a_control_that_is_no_text_box_selects_nothing) {
+  with(u"Nota", {}, [&] {
+    focus(u"cboAcceso");
+    EXPECT_EQ(tag(u"cboAcceso"), HacerAlgo);
+    EXPECT_FALSE(desk.told(u"cboAcceso", forms::Property::Selection));
+  });
+}
+
+TEST_F(EditTracking, text_is_selected_in_every_state) {
+  with(u"Nota", {}, [&] {
+    for (const std::int32_t state : {nueva, modificada, cargando}) {
+      setState(state);
+      form().as<forms::TextBox>(u"txtAsunto")->setSelection(3, 0);
+      dNota_CogerFoco(instance, ref(u"txtAsunto"));
+      EXPECT_EQ(form().as<forms::TextBox>(u"txtAsunto")->SelLength(), 18) << state;
+    }
+  });
+}
+
+// Pickers are compared when they are entered.
+
+struct Entered {
+  TextView tipo;
+  TextView picker;
+  TextView field;
+};
+
+constexpr Entered enteredPickers[] = {
+    {u"Nota", u"dtpFechaAlta", u"FechaAlta"},        {u"Nota", u"dtpHoraAlta", u"FechaAlta"},
+    {u"Anuncio", u"dtpFechaAlta", u"FechaAlta"},     {u"Anuncio", u"dtpHoraAlta", u"FechaAlta"},
+    {u"Llamada", u"dtpFechaAlta", u"FechaAlta"},     {u"Llamada", u"dtpHoraAlta", u"FechaAlta"},
+    {u"Visita", u"dtpFechaAlta", u"FechaAlta"},      {u"Visita", u"dtpHoraAlta", u"FechaAlta"},
+    {u"Visita", u"dtpFechaFin", u"FechaFin"},        {u"Visita", u"dtpHoraFin", u"FechaFin"},
+    {u"Anuncio", u"dtpFechaInicio", u"FechaInicio"}, {u"Anuncio", u"dtpFechaEnvio", u"FechaEnvio"},
+    {u"Anuncio", u"dtpHoraEnvio", u"FechaEnvio"},
+};
+
+TEST_F(EditTracking, entering_a_picker_that_shows_its_field_leaves_the_card_clean) {
+  for (const Entered& row : enteredPickers) {
+    with(row.tipo, {}, [&] {
+      if (row.tipo == u"Visita" && row.field == u"FechaAlta") return;
+      focus(row.picker);
+      EXPECT_EQ(state(), limpia) << toUtf8(row.tipo) << " " << toUtf8(row.picker);
+      EXPECT_EQ(tag(row.picker), HacerAlgo);
+    });
+  }
+}
+
+TEST_F(EditTracking, entering_a_picker_whose_field_was_written_meanwhile_counts_as_a_change) {
+  for (const Entered& row : enteredPickers) {
+    with(row.tipo, {}, [&] {
+      otherUser.writes(row.field, kit::on(2026, 1, 2, 3, 4, 5));
+      focus(row.picker);
+      EXPECT_EQ(state(), modificada) << toUtf8(row.tipo) << " " << toUtf8(row.picker);
+      EXPECT_TRUE(enabled(u"ID_Guardar"));
+    });
+  }
+}
+
+TEST_F(EditTracking, the_start_of_a_visit_is_held_against_the_day_it_was_written_down) {
+  with(u"Visita", {}, [&] {
+    focus(u"dtpFechaAlta");
+    EXPECT_EQ(state(), modificada);
+  });
+  with(u"Visita", {{u"FechaAlta", kit::on(2026, 3, 10, 9, 30)}}, [&] {
+    focus(u"dtpFechaAlta");
+    EXPECT_EQ(state(), limpia);
+  });
+}
+
+TEST_F(EditTracking, entering_the_other_picker_of_a_note_compares_nothing) {
+  with(u"Nota", {}, [&] {
+    otherUser.writes(u"FechaAviso", kit::on(2026, 1, 2));
+    focus(u"dtpFechaAviso");
+    EXPECT_EQ(state(), limpia);
+  });
+}
+
+TEST_F(EditTracking, entering_the_sending_date_of_an_unsent_advertisement_counts_as_a_change) {
+  with(u"Anuncio", {{u"FechaEnvio", Null}}, [&] {
+    focus(u"dtpFechaEnvio");
+    EXPECT_EQ(state(), modificada);
+  });
+}
+
+TEST_F(EditTracking, entering_a_picker_whose_field_is_null_counts_as_a_change) {
+  with(u"Visita", {{u"FechaFin", Null}}, [&] {
+    focus(u"dtpHoraFin");
+    EXPECT_EQ(state(), modificada);
+  });
+  with(u"Anuncio", {{u"FechaInicio", Null}}, [&] {
+    focus(u"dtpFechaInicio");
+    EXPECT_EQ(state(), modificada);
+  });
+}
+
+TEST_F(EditTracking, entering_a_picker_at_exactly_midnight_counts_as_a_change) {
+  with(u"Nota", {{u"FechaAlta", kit::on(2026, 3, 2)}}, [&] {
+    focus(u"dtpFechaAlta");
+    EXPECT_EQ(state(), modificada);
+  });
+  with(u"Anuncio", {{u"FechaInicio", kit::on(2026, 3, 6)}}, [&] {
+    focus(u"dtpFechaInicio");
+    EXPECT_EQ(state(), limpia) << "a date alone has no time in its text either";
+  });
+}
+
+TEST_F(EditTracking, an_untracked_picker_is_not_compared_on_entering) {
+  with(u"Nota", {}, [&] {
+    otherUser.writes(u"FechaAlta", kit::on(2026, 1, 2, 3, 4, 5));
+    for (const std::int32_t before : {nueva, modificada}) {
+      setState(before);
+      control(u"dtpFechaAlta").Tag.clear();
+      dNota_CogerFoco(instance, ref(u"dtpFechaAlta"));
+      EXPECT_EQ(state(), before);
+    }
+    EXPECT_EQ(tag(u"dtpFechaAlta"), HacerNada);
+  });
+}
+
+TEST_F(EditTracking, a_picker_that_is_still_tracked_can_clean_a_changed_card_by_being_entered) {
+  with(u"Nota", {}, [&] {
+    focus(u"dtpFechaAlta");
+    setState(modificada);
+    dNota_CogerFoco(instance, ref(u"dtpFechaAlta"));
+    EXPECT_EQ(state(), limpia);
+  });
+}
+
+// The comparison of a control that changes.
+
+struct Edited {
+  TextView tipo;
+  TextView control;
+  TextView field;
+  Variant value;  // put into the control
+  Variant same;   // of the field, for which the control shows no change
+};
+
+const std::vector<Edited>& editedControls() {
+  static const std::vector<Edited> rows = {
+      {u"Nota", u"txtAsunto", u"Asunto", u"Otro", u"Otro"},
+      {u"Nota", u"dtpFechaAlta", u"FechaAlta", u"05/03/2026", kit::on(2026, 3, 5, 10, 15)},
+      {u"Nota", u"dtpHoraAlta", u"FechaAlta", u"11:00:01", kit::on(2026, 3, 2, 11, 0, 1)},
+      {u"Nota", u"cboUsuario", u"Usuario", u"Benito Gil", u"Benito Gil"},
+      {u"Nota", u"txtCategorias", u"Categorias", u"Otra", u"Otra"},
+      {u"Nota", u"txtNotas", u"Notas", u"Otro texto", u"Otro texto"},
+      {u"Nota", u"cboAcceso", u"TipoAccNota", u"Correo", u"Correo"},
+      {u"Nota", u"chkAvisoNota", u"Aviso", 0, false},
+      {u"Nota", u"cboUsuarioAviso", u"UsuarioAviso", u"Ana Ruiz", u"Ana Ruiz"},
+      {u"Nota", u"dtpFechaAviso", u"FechaAviso", u"05/03/2026", kit::on(2026, 3, 5)},
+      {u"Visita", u"txtAsunto", u"Asunto", u"Otro", u"Otro"},
+      {u"Visita", u"txtCliente", u"Cliente", u"Eva Núñez", u"Eva Núñez"},
+      {u"Visita", u"txtUbicacion", u"Donde", u"Otro sitio", u"Otro sitio"},
+      {u"Visita", u"dtpFechaAlta", u"FechaComienzo", u"09/03/2026", kit::on(2026, 3, 9, 9, 30)},
+      {u"Visita", u"dtpHoraAlta", u"FechaComienzo", u"8:00:00", kit::on(2026, 3, 10, 8, 0)},
+      {u"Visita", u"dtpFechaFin", u"FechaFin", u"11/03/2026", kit::on(2026, 3, 11, 10, 45)},
+      {u"Visita", u"dtpHoraFin", u"FechaFin", u"12:00:00", kit::on(2026, 3, 10, 12, 0)},
+      {u"Visita", u"cboUsuario", u"Usuario", u"Benito Gil", u"Benito Gil"},
+      {u"Visita", u"cboComercial", u"IdComercial", u"Ana Ruiz", 1},
+      {u"Visita", u"txtCategorias", u"Categorias", u"Otra", u"Otra"},
+      {u"Visita", u"txtOtraAgencia", u"Agencia", u"Fincas López", u"Fincas López"},
+      {u"Visita", u"txtNotas", u"Notas", u"Otro texto", u"Otro texto"},
+      {u"Visita", u"cboAcceso", u"TipoAccNota", u"Correo", u"Correo"},
+      {u"Visita", u"chkAviso", u"Aviso", 0, false},
+      {u"Visita", u"chkConfirmada", u"Confirmada", 0, false},
+      {u"Anuncio", u"txtDonde", u"Donde", u"Otro medio", u"Otro medio"},
+      {u"Anuncio", u"txtNDias", u"NDias", u"7", std::uint8_t(7)},
+      {u"Anuncio", u"dtpFechaAlta", u"FechaAlta", u"05/03/2026", kit::on(2026, 3, 5, 10, 15)},
+      {u"Anuncio", u"dtpHoraAlta", u"FechaAlta", u"11:00:01", kit::on(2026, 3, 2, 11, 0, 1)},
+      {u"Anuncio", u"dtpFechaInicio", u"FechaInicio", u"05/03/2026", kit::on(2026, 3, 5)},
+      {u"Anuncio", u"dtpFechaEnvio", u"FechaEnvio", u"05/03/2026", kit::on(2026, 3, 5, 12, 0, 30)},
+      {u"Anuncio", u"dtpHoraEnvio", u"FechaEnvio", u"13:00:00", kit::on(2026, 3, 4, 13, 0)},
+      {u"Anuncio", u"chkEnviar", u"Enviar", 0, false},
+      {u"Anuncio", u"cboUsuario", u"Usuario", u"Benito Gil", u"Benito Gil"},
+      {u"Anuncio", u"txtCategorias", u"Categorias", u"Otra", u"Otra"},
+      {u"Anuncio", u"txtNotas", u"Notas", u"Otro texto", u"Otro texto"},
+      {u"Anuncio", u"cboAcceso", u"TipoAccNota", u"Correo", u"Correo"},
+      {u"Llamada", u"dtpFechaAlta", u"FechaAlta", u"05/03/2026", kit::on(2026, 3, 5, 10, 15)},
+      {u"Llamada", u"dtpHoraAlta", u"FechaAlta", u"11:00:01", kit::on(2026, 3, 2, 11, 0, 1)},
+      {u"Llamada", u"cboUsuario", u"Usuario", u"Benito Gil", u"Benito Gil"},
+      {u"Llamada", u"txtNotas", u"Notas", u"Otro texto", u"Otro texto"},
+  };
+  return rows;
+}
+
+TEST_F(EditTracking, a_change_to_another_value_than_the_fields_marks_the_card_as_changed) {
+  for (const Edited& row : editedControls()) {
+    with(row.tipo, {}, [&] {
+      focus(row.control);
+      track(row.control);
+      control(row.control).setValue(row.value);
+      EXPECT_EQ(state(), modificada) << toUtf8(row.tipo) << " " << toUtf8(row.control);
+      EXPECT_TRUE(enabled(u"ID_Guardar") && enabled(u"ID_DeshacerCambios"));
+    });
+  }
+}
+
+TEST_F(EditTracking, a_change_to_the_fields_own_value_marks_the_card_as_clean) {
+  for (const Edited& row : editedControls()) {
+    with(row.tipo, {}, [&] {
+      focus(row.control);
+      track(row.control);
+      setState(modificada);
+      otherUser.writes(row.field, row.same);
+      control(row.control).setValue(row.value);
+      EXPECT_EQ(state(), limpia) << toUtf8(row.tipo) << " " << toUtf8(row.control);
+      EXPECT_FALSE(enabled(u"ID_Guardar") || enabled(u"ID_DeshacerCambios"));
+    });
+  }
+}
+
+TEST_F(EditTracking, a_control_that_is_not_tracked_is_not_compared) {
+  for (const Edited& row : editedControls()) {
+    for (const TextView untracked : {TextView(u""), HacerNada}) {
+      with(row.tipo, {}, [&] {
+        focus(row.control);
+        setState(limpia);
+        control(row.control).Tag = untracked;
+        control(row.control).setValue(row.value);
+        EXPECT_EQ(state(), limpia) << toUtf8(row.tipo) << " " << toUtf8(row.control);
+      });
+    }
+  }
+}
+
+TEST_F(EditTracking, a_ticked_box_counts_as_changed_even_against_true) {
+  for (const auto& [tipo, box, field] :
+       {std::tuple(u"Nota", u"chkAvisoNota", u"Aviso"), std::tuple(u"Visita", u"chkAviso", u"Aviso"),
+        std::tuple(u"Visita", u"chkRealizada", u"Realizada"),
+        std::tuple(u"Visita", u"chkAnulada", u"Anulada"), std::tuple(u"Anuncio", u"chkEnviar", u"Enviar")}) {
+    with(tipo, {{field, false}}, [&] {
+      otherUser.writes(field, true);
+      user.ticks(box);
+      EXPECT_EQ(state(), modificada) << toUtf8(box);
+    });
+  }
+}
+
+TEST_F(EditTracking, a_box_that_is_unticked_again_is_clean_again) {
+  with(u"Visita", {}, [&] {
+    user.ticks(u"chkRealizada");
+    EXPECT_EQ(state(), modificada);
+    user.unticks(u"chkRealizada");
+    EXPECT_EQ(state(), limpia);
+  });
+}
+
+TEST_F(EditTracking, a_trailing_blank_leaves_the_card_clean) {
+  with(u"Nota", {}, [&] {
+    user.types(u"txtAsunto", u"Llaves en portería ");
+    EXPECT_EQ(state(), limpia);
+  });
+}
+
+TEST_F(EditTracking, blanks_against_a_null_field_leave_the_card_clean) {
+  with(u"Nota", {{u"Asunto", Null}}, [&] {
+    user.types(u"txtAsunto", u"   ");
+    EXPECT_EQ(state(), limpia);
+    user.types(u"txtAsunto", u"x");
+    EXPECT_EQ(state(), modificada);
+    user.types(u"txtAsunto", u"");
+    EXPECT_EQ(state(), limpia);
+  });
+}
+
+TEST_F(EditTracking, the_number_of_days_set_back_cleans_the_card_and_text_that_is_no_number_does_not_fail) {
+  with(u"Anuncio", {{u"NDias", std::uint8_t(5)}}, [&] {
+    user.types(u"txtNDias", u"cinco");
+    EXPECT_EQ(state(), modificada);
+    user.types(u"txtNDias", u"5,0");
+    EXPECT_EQ(state(), limpia);
+  });
+}
+
+TEST_F(EditTracking, the_sending_date_unticked_against_a_null_field_is_still_a_change) {
+  with(u"Anuncio", {}, [&] {
+    focus(u"dtpFechaEnvio");
+    otherUser.writes(u"FechaEnvio", Null);
+    user.sets(u"dtpFechaEnvio", Null);
+    EXPECT_EQ(state(), modificada) << "the hour is text enough";
+    EXPECT_FALSE(enabled(u"dtpHoraEnvio"));
+    user.sets(u"dtpFechaEnvio", u"05/03/2026");
+    EXPECT_TRUE(enabled(u"dtpHoraEnvio"));
+  });
+}
+
+TEST_F(EditTracking, a_picker_put_on_no_date_is_compared_by_the_text_of_day_zero) {
+  with(u"Visita", {}, [&] {
+    focus(u"dtpFechaFin");
+    track(u"dtpFechaFin");
+    form().setFilling(true);
+    control(u"dtpHoraFin").setValue(u"00:00:00");
+    control(u"dtpFechaFin").setValue(u"30-12-99");
+    form().setFilling(false);
+    EXPECT_EQ(state(), modificada);
+    track(u"dtpFechaFin");
+    otherUser.writes(u"FechaFin", Date{});
+    dNota_CogerFoco(instance, ref(u"dtpFechaFin"));
+    EXPECT_EQ(state(), modificada) << "a field at day zero is compared as nothing at all";
+  });
+}
+
+TEST_F(EditTracking, a_lead_time_is_always_a_change_against_a_date) {
+  with(u"Visita", {}, [&] {
+    user.types(u"cboTiempoAviso", u"30 minutos");
+    EXPECT_EQ(state(), modificada);
+    user.types(u"cboTiempoAviso", u"15 minutos");
+    EXPECT_EQ(state(), modificada) << "the very words the field was shown with";
+  });
+}
+
+TEST_F(EditTracking, fields_of_a_type_that_is_not_compared_keep_the_state_and_the_tools_follow_all_the_same) {
+  with(u"Anuncio", {}, [&] {
+    focus(u"txtNDias");
+    list->columns.at(list->column(u"NDias")).type = dao::dbDouble;
+    list->at(0, u"NDias") = 15.0;
+    form().toolbars().tool(u"ID_Guardar")->setEnabled(true);
+    user.types(u"txtNDias", u"99");
+    EXPECT_EQ(state(), limpia);
+    EXPECT_FALSE(enabled(u"ID_Guardar"));
+  });
+}
+
+// Salespeople.
+
+TEST_F(EditTracking, the_salesperson_is_compared_by_the_key_of_the_name) {
+  for (const bool two : {false, true}) {
+    nota.DosComerciales = two;
+    with(u"Visita", {}, [&] {
+      user.types(u"cboComercial", u"Ana Ruiz");
+      EXPECT_EQ(database->opened.back(), u"SELECT IdUsuario FROM Usuario WHERE Nombre = 'Ana Ruiz'");
+      EXPECT_EQ(state(), modificada);
+      user.types(u"cboComercial", u"benito gil");
+      EXPECT_EQ(state(), limpia) << "the database does not mind the case";
+    });
+  }
+}
+
+TEST_F(EditTracking, a_salesperson_that_nobody_is_has_the_key_zero) {
+  with(u"Visita", {}, [&] {
+    user.types(u"cboComercial", u"Nadie");
+    EXPECT_EQ(state(), modificada);
+    otherUser.writes(u"IdComercial", 0);
+    user.types(u"cboComercial", u"Ninguno");
+    EXPECT_EQ(state(), limpia);
+  });
+}
+
+TEST_F(EditTracking, a_salespersons_name_is_quoted) {
+  with(u"Visita", {}, [&] {
+    user.types(u"cboComercial", u"O'Dea");
+    EXPECT_EQ(database->opened.back(), u"SELECT IdUsuario FROM Usuario WHERE Nombre = 'O''Dea'");
+  });
+}
+
+TEST_F(EditTracking, the_second_salespersons_name_is_held_against_a_key_and_always_differs) {
+  nota.DosComerciales = true;
+  with(u"Visita", {}, [&] {
+    user.types(u"cboComercial2", u"Ana Ruiz");
+    EXPECT_EQ(state(), modificada);
+    user.types(u"cboComercial2", u"Carmen Soler");
+    EXPECT_EQ(state(), modificada) << "the very name the record has";
+  });
+}
+
+// States.
+
+TEST_F(EditTracking, a_new_card_stays_new_whatever_is_typed_and_its_tools_stay) {
+  with(u"Nota", {}, [&] {
+    setState(nueva);
+    control(u"txtAsunto").Tag = HacerAlgo;
+    form().toolbars().tool(u"ID_Guardar")->setEnabled(true);
+    form().toolbars().tool(u"ID_Primero")->setEnabled(true);
+    user.types(u"txtAsunto", u"Otro");
+    user.types(u"txtAsunto", u"Llaves en portería");
+    user.types(u"txtNotas", u"Otro");
+    EXPECT_EQ(state(), nueva);
+    EXPECT_TRUE(enabled(u"ID_Guardar"));
+    EXPECT_TRUE(enabled(u"ID_Primero")) << "a single record would have it off";
+  });
+}
+
+TEST_F(EditTracking, while_a_card_is_filled_a_change_does_nothing_at_all) {
+  with(u"Nota", {}, [&] {
+    user.enters(u"chkAvisoNota");
+    setState(cargando);
+    control(u"chkAvisoNota").setValue(0);
+    EXPECT_EQ(state(), cargando);
+    for (const TextView companion : {u"dtpFechaAviso", u"lblA", u"cboUsuarioAviso"})
+      EXPECT_TRUE(enabled(companion)) << toUtf8(companion);
+  });
+}
+
+TEST_F(EditTracking, the_state_reflects_the_control_that_was_compared_last) {
+  with(u"Nota", {}, [&] {
+    user.types(u"txtAsunto", u"Otro");
+    control(u"txtNotas").Tag = HacerAlgo;  // not by the protocol, which limits this
+    user.types(u"txtNotas", u"Otro texto");
+    user.types(u"txtNotas", u"Tiene prisa por vender.");
+    EXPECT_EQ(state(), limpia);
+    EXPECT_EQ(card(u"txtAsunto"), u"Otro");
+  });
+}
+
+TEST_F(EditTracking, the_protocol_keeps_a_card_changed_when_another_control_is_set_back) {
+  with(u"Nota", {}, [&] {
+    user.types(u"txtAsunto", u"Otro");
+    EXPECT_EQ(tag(u"txtAsunto"), HacerAlgo);
+    user.types(u"txtNotas", u"Otro texto");
+    EXPECT_EQ(tag(u"txtAsunto"), u"");
+    EXPECT_EQ(tag(u"txtNotas"), HacerNada);
+    user.types(u"txtNotas", u"Tiene prisa por vender.");
+    EXPECT_EQ(state(), modificada);
+    user.types(u"txtAsunto", u"Llaves en portería");
+    EXPECT_EQ(state(), modificada) << "it no longer tracks either";
+  });
+}
+
+TEST_F(EditTracking, a_text_set_back_in_the_control_that_was_changed_cleans_the_card) {
+  with(u"Nota", {}, [&] {
+    user.types(u"txtAsunto", u"Otro");
+    EXPECT_EQ(state(), modificada);
+    user.types(u"txtAsunto", u"Llaves en portería");
+    EXPECT_EQ(state(), limpia);
+    EXPECT_FALSE(enabled(u"ID_Guardar"));
+  });
+}
+
+TEST_F(EditTracking, the_new_state_of_a_card_is_told_to_nobody_but_the_tools) {
+  with(u"Nota", {}, [&] {
+    EXPECT_EQ(NuevoEstado(instance, limpia, u"a", u"b"), modificada);
+    EXPECT_EQ(NuevoEstado(instance, modificada, u"a", u"a "), limpia);
+    EXPECT_EQ(NuevoEstado(instance, modificada, u"a", 1.5), modificada);
+    EXPECT_EQ(NuevoEstado(instance, limpia, u"a", 1.5), limpia);
+    EXPECT_EQ(state(), limpia);
+  });
+}
+
+TEST_F(EditTracking, other_states_come_back_without_a_comparison_and_without_the_tools) {
+  with(u"Nota", {}, [&] {
+    desk.tools.clear();
+    const auto gone = nota.crs->fields().item(u"Asunto");
+    nota.crs->MoveNext();
+    for (const std::int32_t other : {nueva, cargando, 7, -1})
+      EXPECT_EQ(NuevoEstado(instance, other, u"a", gone), other) << "reading the field would fail";
+    EXPECT_TRUE(desk.tools.empty());
+    nota.crs->MoveFirst();
+  });
+}
+
+// Companions of a reminder.
+
+TEST_F(EditTracking, the_reminder_of_a_note_enables_its_date_and_its_user) {
+  with(u"Nota", {{u"Aviso", false}}, [&] {
+    for (const bool on : {true, false}) {
+      on ? user.ticks(u"chkAvisoNota") : user.unticks(u"chkAvisoNota");
+      for (const TextView companion : {u"dtpFechaAviso", u"lblA", u"cboUsuarioAviso"})
+        EXPECT_EQ(enabled(companion), on) << toUtf8(companion);
+    }
+  });
+}
+
+TEST_F(EditTracking, the_reminder_of_a_visit_enables_its_lead_time) {
+  with(u"Visita", {{u"Aviso", false}}, [&] {
+    user.ticks(u"chkAviso");
+    EXPECT_TRUE(enabled(u"cboTiempoAviso"));
+    user.unticks(u"chkAviso");
+    EXPECT_FALSE(enabled(u"cboTiempoAviso"));
+  });
+}
+
+TEST_F(EditTracking, companions_follow_whatever_the_tag_and_on_a_new_card) {
+  with(u"Visita", {}, [&] {
+    user.enters(u"chkAviso");
+    for (const TextView anyTag : {TextView(u""), HacerNada}) {
+      for (const std::int32_t anyState : {nueva, modificada}) {
+        control(u"chkAviso").Tag = anyTag;
+        setState(anyState);
+        const bool before = enabled(u"cboTiempoAviso");
+        user.clicks(u"chkAviso");
+        EXPECT_EQ(enabled(u"cboTiempoAviso"), !before);
+        EXPECT_EQ(state(), anyState);
+      }
+    }
+  });
+}
+
+TEST_F(EditTracking, companions_and_pickers_are_those_of_the_form_that_the_user_is_on) {
+  auto elsewhere = std::make_shared<forms::CardForm>(forms::frmVisita());
+  elsewhere->control(u"cboTiempoAviso")->setEnabled(true);
+  with(u"Visita", {}, [&] {
+    const auto own = here.screen.activeFormOf;
+    here.screen.activeFormOf = [&] { return elsewhere; };
+    user.unticks(u"chkAviso");
+    EXPECT_FALSE(elsewhere->control(u"cboTiempoAviso")->Enabled());
+    EXPECT_TRUE(enabled(u"cboTiempoAviso"));
+    track(u"dtpFechaFin");
+    dNota_Cambio(instance, ref(u"dtpFechaFin"), u"FechaFin");
+    EXPECT_EQ(state(), modificada) << "the other form's pickers show no date";
+    track(u"dtpFechaFin");
+    dNota_CogerFoco(instance, ref(u"dtpFechaFin"));
+    EXPECT_EQ(state(), modificada);
+    here.screen.activeFormOf = own;
+  });
+}
+
+// Failures.
+
+TEST_F(EditTracking, a_field_that_cannot_be_read_leaves_the_card_marked_as_clean) {
+  with(u"Nota", {}, [&] {
+    user.types(u"txtAsunto", u"Otro");
+    nota.crs->MoveNext();
+    expectReport(u"NuevoEstado de CNota", dao::failure::noCurrentRecord);
+    user.types(u"txtAsunto", u"Otro más");
+    EXPECT_EQ(state(), limpia);
+    nota.crs->MoveFirst();
+  });
+}
+
+TEST_F(EditTracking, a_picker_entered_without_a_current_row_leaves_the_card_marked_as_clean) {
+  with(u"Nota", {}, [&] {
+    nota.crs->MoveNext();
+    expectReport(u"NuevoEstado de CNota", dao::failure::noCurrentRecord);
+    focus(u"dtpFechaAlta");
+    EXPECT_EQ(state(), limpia);
+    nota.crs->MoveFirst();
+  });
+}
+
+TEST_F(EditTracking, a_field_that_the_list_lacks_is_reported_and_keeps_the_state) {
+  with(u"Nota", {}, [&] {
+    user.types(u"txtAsunto", u"Otro");
+    expectReport(u"dNota_Cambio de CNota", dao::failure::notInCollection);
+    dNota_Cambio(instance, ref(u"txtAsunto"), u"Ninguno");
+    EXPECT_EQ(state(), modificada);
+  });
+}
+
+TEST_F(EditTracking, a_list_that_is_gone_is_reported_and_keeps_the_state) {
+  with(u"Nota", {}, [&] {
+    user.types(u"txtAsunto", u"Otro");
+    const dao::RecordsetRef kept = std::exchange(nota.crs, nullptr);
+    expectReport(u"dNota_Cambio de CNota", failure::objectNotSet);
+    user.types(u"txtAsunto", u"Otro más");
+    EXPECT_EQ(state(), modificada);
+    expectReport(u"dNota_CogerFoco de CNota", failure::objectNotSet);
+    control(u"dtpFechaAlta").Tag = HacerAlgo;
+    dNota_CogerFoco(instance, ref(u"dtpFechaAlta"));
+    nota.crs = kept;
+  });
+}
+
+TEST_F(EditTracking, a_look_up_that_fails_is_reported_and_keeps_the_state) {
+  with(u"Visita", {}, [&] {
+    user.enters(u"cboComercial");
+    here.faults.failNext("Database.OpenRecordset", dao::failure::locked);
+    expectReport(u"dNota_Cambio de CNota", dao::failure::locked);
+    user.types(u"cboComercial", u"Ana Ruiz");
+    EXPECT_EQ(state(), limpia);
+  });
+}
+
+TEST_F(EditTracking, without_an_active_control_a_change_is_reported) {
+  givenList(u"Nota");
+  openCard();  // closed again: no window, and nothing has the focus
+  form().control(u"txtAsunto");
+  expectReport(u"dNota_Cambio de CNota", failure::objectNotSet);
+  form().control(u"txtAsunto")->setValue(u"Otro");
+  expectReport(u"dNota_CogerFoco de CNota", failure::objectNotSet);
+  dNota_CogerFoco(instance, nullptr);
+  setState(cargando);
+  form().control(u"txtAsunto")->setValue(u"Otro más");
+  setState(limpia);
+}
+
+TEST_F(EditTracking, without_a_form_on_top_companions_are_reported) {
+  with(u"Visita", {}, [&] {
+    user.enters(u"chkAviso");
+    const auto own = here.screen.activeFormOf;
+    here.screen.activeFormOf = [] { return nullptr; };
+    expectReport(u"dNota_Cambio de CNota", failure::objectNotSet);
+    user.clicks(u"chkAviso");
+    here.screen.activeFormOf = own;
+  });
+}
+
+// A visit's times, as the user meets them on the card.
+
+TEST_F(EditTracking, the_end_on_the_start_date_with_an_earlier_hour_is_refused_once_and_corrected) {
+  with(u"Visita", {{u"FechaFin", kit::on(2026, 3, 11, 8, 0)}}, [&] {
+    expectBox(u"La fecha de finalización indicada es anterior a la fecha de comienzo.", 64);
+    user.sets(u"dtpFechaFin", u"10/03/2026");
+    EXPECT_EQ(card(u"dtpFechaFin"), u"10/03/26");
+    EXPECT_EQ(card(u"dtpHoraFin"), u"10:00:00");
+    EXPECT_EQ(state(), modificada);
+  });
+}
+
+TEST_F(EditTracking, a_visit_without_an_end_or_ending_before_it_begins_is_shown_untouched) {
+  with(u"Visita", {{u"FechaFin", Null}}, [&] {
+    EXPECT_EQ(card(u"dtpFechaFin"), u"-");
+    EXPECT_EQ(card(u"dtpHoraFin"), u"00:00:00");
+    EXPECT_FALSE(form().filling());
+  });
+  with(u"Visita", {{u"FechaFin", kit::on(2026, 3, 1, 8, 0)}}, [&] {
+    EXPECT_EQ(card(u"dtpFechaFin"), u"01/03/26");
+    EXPECT_EQ(card(u"dtpHoraFin"), u"08:00:00");
+  });
+}
+
+TEST_F(EditTracking, the_end_that_the_start_drags_along_is_compared_by_the_start_pickers) {
+  with(u"Visita", {{u"FechaAlta", kit::on(2026, 3, 10, 9, 30)}}, [&] {
+    focus(u"dtpFechaAlta");
+    EXPECT_EQ(state(), limpia);
+    otherUser.writes(u"FechaFin", kit::on(2026, 3, 12, 9, 30));
+    user.sets(u"dtpFechaAlta", u"12/03/2026");
+    EXPECT_EQ(card(u"dtpFechaFin"), u"12/03/26");
+    EXPECT_EQ(state(), limpia) << "the start, 12 March 9:30, against the field of the end";
+  });
+}
+
+}  // namespace
+}  // namespace ovalia

@@ -1,0 +1,549 @@
+#include "cards/NewAnnotation.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <ostream>
+#include <string_view>
+#include <vector>
+
+#include "tests/cardkit/CardTest.h"
+#include "tests/kit/FakeRecordset.h"
+
+namespace ovalia {
+namespace {
+
+const Text notFound = u"Por favor, guarde los cambios antes de generar una nueva anotación.";
+const Text noneInserted = u"Error en nueva nota.";
+
+// The clock stands at this moment; the agency's user is Carmen Soler, key 3, the parent record 120.
+const Text moment = u"#03/09/26 10:20:30#";
+
+class NewAnnotation : public kit::CardTest {
+ protected:
+  void SetUp() override {
+    CardTest::SetUp();
+    advertisement->answering(u"", [](Arguments asked) -> Variant {
+      return sameName(asked[0].toText(), u"IdAnota") ? Variant(77) : Variant(Null);
+    });
+    dynamic_cast<kit::FakeObject&>(*host.FichaInm->property(u"datAnuncio").toObject())
+        .with(u"Recordset", advertisement);
+  }
+
+  // A list into which a statement inserts a row of this moment by this user, found by the criterion alone.
+  void givenNewRows(TextView tipo, const std::vector<Text>& without = {}) {
+    givenList(tipo, {{}}, without);
+    database->onExecute = [this, tipo = Text(tipo)](TextView) {
+      const int place = static_cast<int>(list->rows.size());
+      list->add(kit::annotation(tipo, list->columns, place,
+                                {{u"IdUsuario", 3}, {u"FechaAlta", kit::on(2026, 3, 9, 10, 20, 30)}}));
+      return 1;
+    };
+    recognise(nota.crs);
+  }
+
+  // The double knows no dates in criteria: a row made at this moment is the one.
+  void recognise(const dao::RecordsetRef& rows) {
+    dynamic_cast<kit::FakeRecordset&>(*rows).matcher = [this](TextView, const kit::FakeRow& row) {
+      return row.values.at(list->column(u"FechaAlta")).toDate() == kit::on(2026, 3, 9, 10, 20, 30);
+    };
+  }
+
+  std::vector<Text> criteria() const { return dynamic_cast<kit::FakeRecordset&>(*nota.crs).criteria; }
+
+  // Opens a card on the first row, makes a new annotation and runs what is to be said of it.
+  void create(
+      bool expected, const std::function<void()>& then = [] {}) {
+    openCard([&, expected] {
+      EXPECT_EQ(Nuevo(instance), expected);
+      then();
+      putAway();
+    });
+  }
+
+  bool rowInserted() const { return list->rows.size() == 2; }
+
+  std::shared_ptr<kit::FakeObject> advertisement = std::make_shared<kit::FakeObject>();
+};
+
+TEST_F(NewAnnotation, the_statement_has_the_columns_that_the_list_shows) {
+  struct Row {
+    TextView tipo;
+    std::vector<Text> without;
+    Text statement;
+  };
+  const std::vector<Row> rows = {
+      {u"Nota",
+       {},
+       u"INSERT INTO NotaIP (IdInm, IdAgencia, NAgencia, IdUsuario, FechaAlta) VALUES (120,1,4,3," + moment +
+           u")"},
+      {u"Visita",
+       {},
+       u"INSERT INTO VisitaIP (IdInm, IdAgencia, NAgencia, IdComercial, IdUsuario, FechaAlta) VALUES "
+       u"(120,1,4,3,3," +
+           moment + u")"},
+      {u"Anuncio",
+       {},
+       u"INSERT INTO AnuncioIP (IdInm, IdAgencia, NAgencia, IdUsuario, FechaAlta) VALUES (120,1,4,3," +
+           moment + u")"},
+      {u"Visita",
+       {u"IdAgencia"},
+       u"INSERT INTO VisitaIP (IdInm, NAgencia, IdComercial, IdUsuario, FechaAlta) VALUES (120,4,3,3," +
+           moment + u")"},
+      {u"Visita",
+       {u"NAgencia"},
+       u"INSERT INTO VisitaIP (IdInm, IdAgencia, IdComercial, IdUsuario, FechaAlta) VALUES (120,1,3,3," +
+           moment + u")"},
+      {u"Nota",
+       {u"IdAgencia", u"NAgencia"},
+       u"INSERT INTO NotaIP (IdInm, IdUsuario, FechaAlta) VALUES (120,3," + moment + u")"},
+      {u"Llamada",
+       {},
+       u"INSERT INTO LlamadaAIP (IdAnuncio, IdUsuario, FechaAlta) VALUES (77,3," + moment + u")"},
+  };
+  for (const Row& row : rows) {
+    givenNewRows(row.tipo, row.without);
+    database->executed.clear();
+    create(true, [&] { EXPECT_EQ(database->executed, std::vector<Text>{row.statement}); });
+  }
+}
+
+TEST_F(NewAnnotation, a_query_without_the_salesperson_leaves_the_column_out_even_if_the_table_has_it) {
+  givenNewRows(u"Visita");
+  auto columns = kit::listColumns(u"Visita");
+  std::erase_if(columns, [](const kit::FakeColumn& column) { return column.name == u"IdComercial"; });
+  const auto narrow = std::make_shared<kit::FakeTable>(kit::FakeTable{columns, {}});
+  openCard([&] {
+    nota.crs = std::make_shared<kit::FakeRecordset>(narrow, database, here.faults);
+    expectBox(notFound, 64);
+    EXPECT_FALSE(Nuevo(instance));
+    EXPECT_EQ(database->executed.at(0),
+              u"INSERT INTO VisitaIP (IdInm, IdAgencia, NAgencia, IdUsuario, FechaAlta) VALUES (120,1,4,3," +
+                  moment + u")");
+  });
+}
+
+TEST_F(NewAnnotation, a_preset_key_goes_into_the_first_column_of_the_list) {
+  nota.IdAnota = 4711;
+  for (const auto& [tipo, key] : {std::pair(u"Nota", u"IdNota"), std::pair(u"Visita", u"IdVisita"),
+                                  std::pair(u"Anuncio", u"IdAnuncio")}) {
+    givenNewRows(tipo);
+    database->executed.clear();
+    create(true, [&] {
+      const Text statement = database->executed.at(0);
+      EXPECT_NE(statement.find(u" (IdInm, " + Text(key) + u", IdAgencia,"), Text::npos) << toUtf8(statement);
+      EXPECT_NE(statement.find(u"VALUES (120,4711,1,4,"), Text::npos) << toUtf8(statement);
+    });
+  }
+}
+
+TEST_F(NewAnnotation, only_a_key_above_zero_is_preset) {
+  for (const std::int32_t key : {0, -1}) {
+    nota.IdAnota = key;
+    givenNewRows(u"Nota");
+    database->executed.clear();
+    create(true, [&] {
+      EXPECT_TRUE(database->executed.at(0).starts_with(u"INSERT INTO NotaIP (IdInm, IdAgencia,")) << key;
+    });
+  }
+}
+
+TEST_F(NewAnnotation, a_call_takes_neither_a_preset_key_nor_the_parents_column) {
+  nota.IdAnota = 4711;
+  givenNewRows(u"Llamada");
+  nota.IdPr = u"IdInm";
+  create(true, [&] {
+    EXPECT_EQ(database->executed.at(0),
+              u"INSERT INTO LlamadaAIP (IdAnuncio, IdUsuario, FechaAlta) VALUES (77,3," + moment + u")");
+  });
+}
+
+TEST_F(NewAnnotation, the_row_is_recognised_by_parent_user_and_the_same_moment) {
+  for (const auto& [tipo, parent] :
+       {std::pair(u"Nota", u"Id = 120"), std::pair(u"Visita", u"Id = 120"),
+        std::pair(u"Anuncio", u"Id = 120"), std::pair(u"Llamada", u"IdAnuncio = 77")}) {
+    givenNewRows(tipo);
+    nota.IdPr = u"IdPrincipal";  // whatever the table calls it
+    create(true, [&] {
+      EXPECT_EQ(criteria(),
+                std::vector<Text>{Text(parent) + u" AND IdUsuario = 3 AND FechaAlta = " + moment});
+    });
+  }
+}
+
+TEST_F(NewAnnotation, the_moment_is_one_even_when_the_clock_goes_on) {
+  givenNewRows(u"Nota");
+  here.faults.onNext("Database.Execute", [&] { here.clock.time.second = 31; });
+  create(true, [&] {
+    EXPECT_NE(database->executed.at(0).find(moment), Text::npos);
+    EXPECT_NE(criteria().at(0).find(moment), Text::npos);
+  });
+}
+
+TEST_F(NewAnnotation, the_users_name_is_quoted) {
+  database->tableNamed(u"Usuario")->add({44, u"Sonia O'Dea"});
+  nota.cUsuario = u"Sonia O'Dea";
+  givenNewRows(u"Nota");
+  create(true, [&] {
+    EXPECT_NE(database->executed.at(0).find(u",44,#"), Text::npos);
+    EXPECT_NE(criteria().at(0).find(u"IdUsuario = 44"), Text::npos);
+  });
+}
+
+TEST_F(NewAnnotation, the_card_comes_up_blank_on_the_new_row) {
+  givenNewRows(u"Nota");
+  create(true, [&] {
+    EXPECT_EQ(state(), nueva);
+    EXPECT_EQ(nota.crs->AbsolutePosition(), 1);
+    EXPECT_EQ(caption(), u"Inmueble 120 - Nueva Nota");
+    EXPECT_EQ(card(u"txtNotas"), u"");
+    EXPECT_TRUE(enabled(u"ID_Guardar"));
+    EXPECT_TRUE(enabled(u"ID_DeshacerCambios"));
+    EXPECT_TRUE(enabled(u"ID_Primero"));
+    EXPECT_FALSE(enabled(u"ID_Ultimo"));
+  });
+}
+
+TEST_F(NewAnnotation, the_card_is_in_the_state_of_filling_while_it_is_blanked) {
+  givenNewRows(u"Nota");
+  openCard([&] {
+    std::vector<std::int32_t> states;
+    const auto heard = form().Cambio.connect([&](forms::ControlRef&, Text&) { states.push_back(state()); });
+    EXPECT_TRUE(Nuevo(instance));
+    form().Cambio.disconnect(heard);
+    EXPECT_GT(states.size(), 4u);
+    EXPECT_EQ(states, std::vector<std::int32_t>(states.size(), cargando));
+    putAway();
+  });
+}
+
+TEST_F(NewAnnotation, a_host_opens_the_card_by_creating) {
+  givenNewRows(u"Visita");
+  bool shown = false;
+  desk.whileShown([&] {
+    shown = true;
+    EXPECT_EQ(state(), nueva);
+    EXPECT_FALSE(form().KeyPreview());
+    EXPECT_EQ(control(u"cboUsuario").get(u"ListCount").toLong(), 3);
+    EXPECT_EQ(card(u"cboTiempoAviso"), u"15 minutos");
+    putAway();
+  });
+  CreaNota(instance);
+  EXPECT_TRUE(shown);
+  EXPECT_EQ(host.events, (std::vector<Text>{u"CargaRegistros(Visita, VisitaIP)", u"CompletarNueva(Visita)"}));
+}
+
+TEST_F(NewAnnotation, the_host_form_on_top_is_remembered) {
+  givenNewRows(u"Nota");
+  openCard([&] {
+    host.FichaUsuario->property(u"vClase").toObject()->put(u"IdRegistro", 99);
+    host.shows(host.FichaUsuario);
+    EXPECT_TRUE(Nuevo(instance));
+    EXPECT_EQ(instance.FormActiva, host.FichaUsuario);
+    EXPECT_NE(database->executed.at(0).find(u"VALUES (99,"), Text::npos);
+    putAway();
+  });
+}
+
+TEST_F(NewAnnotation, the_host_is_asked_to_reload_and_then_to_complete_the_new_row) {
+  givenNewRows(u"Visita");
+  host.answers.CompletarNueva = [&](Text&, dao::RecordsetRef& rows) {
+    EXPECT_EQ(rows->AbsolutePosition(), 1);
+    EXPECT_EQ(state(), limpia);
+    rows->Edit();
+    rows->setValue(u"Asunto", u"Segunda visita");
+    rows->setValue(u"Donde", u"En la oficina");
+    rows->Update();
+  };
+  create(true, [&] {
+    EXPECT_EQ(host.events,
+              (std::vector<Text>{u"CargaRegistros(Visita, VisitaIP)", u"CompletarNueva(Visita)"}));
+    EXPECT_EQ(card(u"txtAsunto"), u"Segunda visita");
+    EXPECT_EQ(card(u"txtUbicacion"), u"En la oficina");
+  });
+}
+
+TEST_F(NewAnnotation, a_recordset_that_the_host_puts_in_its_place_is_searched) {
+  givenNewRows(u"Nota");
+  const dao::RecordsetRef before = nota.crs;
+  host.answers.CargaRegistros = [&](Text&, Text&) {
+    nota.crs = database->OpenRecordset(u"NotaIP");
+    recognise(nota.crs);
+  };
+  create(true, [&] {
+    EXPECT_NE(nota.crs, before);
+    EXPECT_EQ(nota.crs->AbsolutePosition(), 1);
+  });
+}
+
+TEST_F(NewAnnotation, a_host_that_does_not_reload_leaves_the_card_on_its_row_and_an_orphan_in_the_table) {
+  givenNewRows(u"Nota");
+  host.answers.CargaRegistros = [](Text&, Text&) {};
+  expectBox(notFound, 64);
+  create(false, [&] {
+    EXPECT_EQ(state(), limpia);
+    EXPECT_EQ(nota.crs->AbsolutePosition(), 0);
+    EXPECT_EQ(card(u"txtAsunto"), u"Llaves en portería");
+    EXPECT_TRUE(rowInserted());
+    EXPECT_EQ(host.events, std::vector<Text>{u"CargaRegistros(Nota, NotaIP)"});
+  });
+}
+
+TEST_F(NewAnnotation, a_row_that_was_refused_is_told_and_searched_all_the_same) {
+  givenNewRows(u"Nota");
+  database->onExecute = [](TextView) { return 0; };
+  expectBox(noneInserted, 16);
+  expectBox(notFound, 64);
+  create(false, [&] { EXPECT_EQ(state(), limpia); });
+}
+
+TEST_F(NewAnnotation, a_count_of_none_does_not_matter_when_the_row_is_found) {
+  givenNewRows(u"Nota");
+  const auto insert = database->onExecute;
+  database->onExecute = [=](TextView sql) { return insert(sql), 0; };
+  expectBox(noneInserted, 16);
+  create(true, [&] { EXPECT_EQ(state(), nueva); });
+}
+
+TEST_F(NewAnnotation, a_message_that_cannot_be_shown_is_reported_and_the_search_goes_on) {
+  givenNewRows(u"Nota");
+  const auto insert = database->onExecute;
+  database->onExecute = [=](TextView sql) { return insert(sql), 0; };
+  openCard([&] {
+    here.faults.failNext("Screen.messageBox", failure::outOfMemory);
+    expectReport(u"MostrarMensaje() de RutinasErr", failure::outOfMemory);
+    EXPECT_TRUE(Nuevo(instance));
+    putAway();
+  });
+}
+
+TEST_F(NewAnnotation, of_two_rows_alike_the_first_is_taken) {
+  givenNewRows(u"Nota");
+  list->add(kit::annotation(u"Nota", list->columns, 1,
+                            {{u"FechaAlta", kit::on(2026, 3, 9, 10, 20, 30)}, {u"Notas", u"la otra"}}));
+  create(true, [&] { EXPECT_EQ(nota.crs->value(u"Notas").text(), u"la otra"); });
+}
+
+TEST_F(NewAnnotation, unsaved_changes_are_asked_about_first) {
+  const Text question = u"¿Desea guardar los cambios realizados en la nota?";
+  givenNewRows(u"Nota");
+  openCard([&] {
+    user.types(u"txtAsunto", u"Llaves del ático");
+    expectBox(question, 35, u"Guardar", 2);
+    EXPECT_FALSE(Nuevo(instance)) << "cancelled";
+    EXPECT_EQ(state(), modificada);
+    EXPECT_TRUE(database->executed.empty());
+
+    expectBox(question, 35, u"Guardar", 7);
+    EXPECT_TRUE(Nuevo(instance)) << "declined";
+    EXPECT_EQ(stored(u"Asunto").text(), u"Llaves en portería");
+    EXPECT_TRUE(rowInserted());
+    putAway();
+  });
+}
+
+TEST_F(NewAnnotation, changes_are_saved_before_the_new_row_is_made) {
+  givenNewRows(u"Nota");
+  openCard([&] {
+    user.types(u"txtAsunto", u"Llaves del ático");
+    expectBox(u"¿Desea guardar los cambios realizados en la nota?", 35, u"Guardar", 6).whileUp([&] {
+      EXPECT_TRUE(database->executed.empty());
+    });
+    EXPECT_TRUE(Nuevo(instance));
+    EXPECT_EQ(stored(u"Asunto", 1).text(), u"Llaves del ático");
+    EXPECT_EQ(nota.crs->AbsolutePosition(), 1);
+    putAway();
+  });
+}
+
+TEST_F(NewAnnotation, a_save_that_fails_stops_the_creation) {
+  givenNewRows(u"Nota");
+  openCard([&] {
+    user.types(u"txtAsunto", u"Llaves del ático");
+    expectBox(u"¿Desea guardar los cambios realizados en la nota?", 35, u"Guardar", 6);
+    here.faults.failNext("Recordset.Update", dao::failure::locked);
+    expectReport(u"GrabaRegistro de CNota", dao::failure::locked);
+    EXPECT_FALSE(Nuevo(instance));
+    EXPECT_EQ(state(), modificada);
+    EXPECT_TRUE(database->executed.empty());
+    putAway();
+  });
+}
+
+TEST_F(NewAnnotation, from_a_new_card_it_asks_and_then_inserts_a_second_row) {
+  givenNewRows(u"Nota");
+  openCard([&] {
+    EXPECT_TRUE(Nuevo(instance));
+    expectBox(u"¿Desea guardar la nueva nota?", 35, u"Guardar", 6);
+    here.clock.time.minute = 25;
+    host.answers.CargaRegistros = [&](Text&, Text&) { nota.crs->Requery(); };
+    EXPECT_TRUE(Nuevo(instance));
+    EXPECT_EQ(list->rows.size(), 3u);
+    EXPECT_EQ(state(), nueva);
+    putAway();
+  });
+}
+
+TEST_F(NewAnnotation, a_control_that_fails_its_check_does_not_stop_it_and_nothing_is_asked) {
+  givenNewRows(u"Nota");
+  host.answers.ChkListadoMx = [](bool& ok, ObjectRef, const Text&, const Text&) { ok = false; };
+  openCard([&] {
+    user.types(u"txtCategorias", u"Inventada");
+    EXPECT_EQ(state(), modificada);
+    EXPECT_TRUE(Nuevo(instance));
+    EXPECT_EQ(state(), nueva);
+    EXPECT_EQ(stored(u"Categorias", 1).text(), u"Llaves; Urgente");
+    putAway();
+  });
+}
+
+TEST_F(NewAnnotation, a_card_that_is_being_filled_is_not_asked_about) {
+  givenNewRows(u"Nota");
+  openCard([&] {
+    instance.EstadoFicha = cargando;
+    EXPECT_TRUE(Nuevo(instance));
+    putAway();
+  });
+}
+
+TEST_F(NewAnnotation, an_unknown_user_is_reported_and_nothing_is_inserted) {
+  givenNewRows(u"Nota");
+  nota.cUsuario = u"Nadie";
+  openCard([&] {
+    expectReport(u"Nuevo de CNota", dao::failure::noCurrentRecord);
+    EXPECT_FALSE(Nuevo(instance));
+    EXPECT_TRUE(database->executed.empty());
+    EXPECT_EQ(state(), limpia);
+  });
+}
+
+TEST_F(NewAnnotation, the_database_is_asked_for_a_look_up_its_key_the_statement_the_reload_and_the_search) {
+  givenNewRows(u"Nota");
+  openCard([&] {
+    constexpr const char* once[] = {"Database.OpenRecordset", "Field.Value", "Database.Execute",
+                                    "Recordset.Requery", "Recordset.Find"};
+    std::vector<int> before;
+    for (const char* operation : once) before.push_back(here.faults.visits(operation));
+    const int all = here.faults.visits("");
+    EXPECT_TRUE(Nuevo(instance));
+    for (std::size_t i = 0; i < std::size(once); ++i)
+      EXPECT_EQ(here.faults.visits(once[i]) - before[i], 1) << once[i];
+    EXPECT_EQ(here.faults.visits("") - all, 5);
+    putAway();
+  });
+}
+
+TEST_F(NewAnnotation, without_a_controller_a_call_is_not_made_either) {
+  givenNewRows(u"Llamada");
+  openCard([&] {
+    host.FichaInm->failing(u"vClase", failure::noSuchMember);
+    expectReport(u"Nuevo de CNota", failure::noSuchMember);
+    EXPECT_FALSE(Nuevo(instance));
+    EXPECT_TRUE(database->executed.empty());
+  });
+}
+
+TEST_F(NewAnnotation, a_call_without_an_advertisement_on_the_hosts_form_is_reported) {
+  givenNewRows(u"Llamada");
+  openCard([&] {
+    host.FichaInm->failing(u"datAnuncio", failure::noSuchMember);
+    expectReport(u"Nuevo de CNota", failure::noSuchMember);
+    EXPECT_FALSE(Nuevo(instance));
+    EXPECT_TRUE(database->executed.empty());
+  });
+}
+
+// Everything that the creation asks of its surroundings, failing in turn, and what is left then.
+class FailingSurroundings;
+
+struct Failing {
+  const char* what;
+  void (*arrange)(FailingSurroundings& test);
+  std::int32_t number;
+  enum Reached { nothing, inserted, completed, created } reached = nothing;
+  TextView report = u"Nuevo de CNota";
+};
+
+void PrintTo(const Failing& row, std::ostream* out) { *out << row.what; }
+
+class FailingSurroundings : public NewAnnotation, public testing::WithParamInterface<Failing> {
+ public:
+  using NewAnnotation::here;
+  using NewAnnotation::host;
+  using NewAnnotation::nota;
+
+  void missing(kit::FakeObject& object, TextView member) { object.failing(member, failure::noSuchMember); }
+  void failNext(std::string_view operation, std::int32_t number) { here.faults.failNext(operation, number); }
+};
+
+TEST_P(FailingSurroundings, are_reported_and_what_was_done_stays_done) {
+  const Failing& row = GetParam();
+  givenNewRows(u"Nota");
+  openCard([&] {
+    row.arrange(*this);
+    expectReport(Text(row.report), row.number);
+    EXPECT_EQ(Nuevo(instance), row.reached == Failing::created);
+    EXPECT_EQ(rowInserted(), row.reached >= Failing::inserted);
+    std::vector<Text> events;
+    if (row.reached >= Failing::inserted) events.push_back(u"CargaRegistros(Nota, NotaIP)");
+    if (row.reached >= Failing::completed) events.push_back(u"CompletarNueva(Nota)");
+    EXPECT_EQ(host.events, events);
+    EXPECT_EQ(state(), row.reached == Failing::created ? nueva : limpia);
+    putAway();
+  });
+}
+
+constexpr Failing failing[] = {
+    {"the host's main form", [](FailingSurroundings& t) { t.nota.frmBase.reset(); }, failure::objectNotSet},
+    {"the form on top", [](FailingSurroundings& t) { t.host.shows(nullptr); }, failure::objectNotSet},
+    {"its controller", [](FailingSurroundings& t) { t.missing(*t.host.FichaInm, u"vClase"); },
+     failure::noSuchMember},
+    {"the parent's key", [](FailingSurroundings& t) { t.missing(t.host.vClase(), u"IdRegistro"); },
+     failure::noSuchMember},
+    {"a parent's key that is Null", [](FailingSurroundings& t) { t.host.vClase().with(u"IdRegistro", Null); },
+     failure::invalidUseOfNull},
+    {"the look-up of the user",
+     [](FailingSurroundings& t) { t.failNext("Database.OpenRecordset", dao::failure::locked); },
+     dao::failure::locked},
+    {"the user's key", [](FailingSurroundings& t) { t.failNext("Field.Value", dao::failure::locked); },
+     dao::failure::locked},
+    {"the list", [](FailingSurroundings& t) { t.nota.crs.reset(); }, failure::objectNotSet},
+    {"the statement", [](FailingSurroundings& t) { t.failNext("Database.Execute", dao::failure::readOnly); },
+     dao::failure::readOnly},
+    {"the host's reload",
+     [](FailingSurroundings& t) {
+       t.host.answers.CargaRegistros = [](Text&, Text&) { throw Failure(dao::failure::locked); };
+     },
+     dao::failure::locked, Failing::inserted},
+    {"the reading of the list anew",
+     [](FailingSurroundings& t) { t.failNext("Recordset.Requery", dao::failure::locked); },
+     dao::failure::locked, Failing::inserted},
+    {"the list after the reload",
+     [](FailingSurroundings& t) {
+       t.host.answers.CargaRegistros = [&t](Text&, Text&) { t.nota.crs.reset(); };
+     },
+     failure::objectNotSet, Failing::inserted},
+    {"the search",
+     [](FailingSurroundings& t) { t.failNext("Recordset.Find", dao::failure::criterionSyntax); },
+     dao::failure::criterionSyntax, Failing::inserted},
+    {"the host's completion",
+     [](FailingSurroundings& t) {
+       t.host.answers.CompletarNueva = [](Text&, dao::RecordsetRef&) { throw Failure(dao::failure::locked); };
+     },
+     dao::failure::locked, Failing::completed},
+    {"the blanking of the card",
+     [](FailingSurroundings& t) {
+       t.host.answers.CompletarNueva = [&t](Text&, dao::RecordsetRef&) { t.nota.cUsuario = u"Nadie"; };
+     },
+     failure::notInList, Failing::created, u"FichaLimpia de CNota"},
+    {"the tools",
+     [](FailingSurroundings& t) {
+       t.host.answers.CompletarNueva = [](Text&, dao::RecordsetRef& rows) { rows.reset(); };
+     },
+     failure::objectNotSet, Failing::created, u"CambiarMenu de CNota"},
+};
+
+INSTANTIATE_TEST_SUITE_P(NewAnnotation, FailingSurroundings, testing::ValuesIn(failing));
+
+}  // namespace
+}  // namespace ovalia
