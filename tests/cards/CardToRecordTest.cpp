@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "cards/RecordToCard.h"
 #include "cards/SaveTables.h"
 #include "tests/cardkit/OpenCard.h"
 
@@ -11,7 +12,6 @@ namespace ovalia {
 namespace {
 
 using kit::allKinds;
-using kit::moment;
 
 class CardToRecord : public kit::OpenCardTest {
  protected:
@@ -22,17 +22,17 @@ class CardToRecord : public kit::OpenCardTest {
 
   void write(std::initializer_list<std::pair<TextView, Variant>> values) {
     change(values);
-    agency->opened.clear();
-    EXPECT_TRUE(GrabaRegistro(nota));
-    EXPECT_EQ(crs->updates, 1);
-    EXPECT_FALSE(crs->editing());
+    database->opened.clear();
+    EXPECT_TRUE(GrabaRegistro(instance));
+    EXPECT_EQ(crs().updates, 1);
+    EXPECT_FALSE(crs().editing());
   }
 
   bool lookedUp(TextView statement) const {
-    return std::ranges::find(agency->opened, statement) != agency->opened.end();
+    return std::ranges::find(database->opened, statement) != database->opened.end();
   }
 
-  Variant written(TextView name) { return stored(2, name); }
+  Variant written(TextView name) { return at(2, name); }
 };
 
 std::vector<Text> fieldsOf(std::span<const SaveRow> rows) {
@@ -61,42 +61,42 @@ TEST_F(CardToRecord, each_form_writes_its_fields_in_their_order_and_then_those_o
 TEST_F(CardToRecord, a_regular_update_that_forces_nothing_ends_the_write) {
   openOn(u"Nota", [&] {
     write({});
-    EXPECT_EQ(crs->updateArguments, (std::pair{1, false}));
+    EXPECT_EQ(crs().updateArguments, (std::vector{std::pair{1, false}}));
   });
 }
 
 TEST_F(CardToRecord, a_note_is_written) {
   save(u"Nota", {{u"txtAsunto", u"Llaves"},
-                 {u"cboAcceso", u"Privado"},
+                 {u"cboAcceso", u"Visita"},
                  {u"txtCategorias", u"Urgente"},
                  {u"dtpFechaAlta", u"08/04/26"},
                  {u"dtpHoraAlta", u"17:05:09"},
                  {u"chkAvisoNota", 1},
                  {u"dtpFechaAviso", u"09/04/26"},
-                 {u"cboUsuarioAviso", u"Ana"}});
+                 {u"cboUsuarioAviso", u"Carmen Soler"}});
   EXPECT_EQ(written(u"Asunto").text(), u"Llaves");
   EXPECT_EQ(written(u"IdTipoAccNota").toLong(), 3);
   EXPECT_EQ(written(u"Categorias").text(), u"Urgente");
   EXPECT_EQ(written(u"FechaAlta").text(), u"08/04/2026 17:05:09");
   EXPECT_TRUE(written(u"Aviso").toBoolean());
   EXPECT_EQ(written(u"FechaAviso").text(), u"09/04/2026");
-  EXPECT_EQ(written(u"IdUsuarioAviso").toLong(), 9);
+  EXPECT_EQ(written(u"IdUsuarioAviso").toLong(), 3);
 }
 
 TEST_F(CardToRecord, a_visit_is_written) {
-  surface.DosComerciales = true;
+  nota.DosComerciales = true;
   save(u"Visita", {{u"txtAsunto", u"Ver el ático"},
-                   {u"cboAcceso", u"Privado"},
+                   {u"cboAcceso", u"Visita"},
                    {u"txtCategorias", u"Urgente"},
                    {u"dtpFechaAlta", u"08/04/26"},
                    {u"dtpHoraAlta", u"17:05:09"},
                    {u"txtUbicacion", u"En la puerta"},
                    {u"dtpFechaFin", u"08/04/26"},
                    {u"dtpHoraFin", u"18:00:00"},
-                   {u"txtCliente", u"Sra. Gil"},
-                   {u"cboComercial", u"Ana"},
-                   {u"cboComercial2", u"Luis"},
-                   {u"txtOtraAgencia", u"Sierra"},
+                   {u"txtCliente", u"Eva Núñez"},
+                   {u"cboComercial", u"Carmen Soler"},
+                   {u"cboComercial2", u"Benito Gil"},
+                   {u"txtOtraAgencia", u"Fincas López"},
                    {u"chkAviso", 1},
                    {u"cboTiempoAviso", u"15 minutos"},
                    {u"chkConfirmada", 1},
@@ -106,13 +106,13 @@ TEST_F(CardToRecord, a_visit_is_written) {
   EXPECT_EQ(written(u"IdTipoAccNota").toLong(), 3);
   EXPECT_EQ(written(u"Categorias").text(), u"Urgente");
   EXPECT_EQ(written(u"FechaComienzo").text(), u"08/04/2026 17:05:09");
-  EXPECT_EQ(written(u"FechaAlta").text(), u"07/03/2005 9:05:00");
+  EXPECT_EQ(written(u"FechaAlta").text(), u"02/03/2026 10:15:00");
   EXPECT_EQ(written(u"Donde").text(), u"En la puerta");
   EXPECT_EQ(written(u"FechaFin").text(), u"08/04/2026 18:00:00");
-  EXPECT_EQ(written(u"IdCliente").toLong(), 41);
-  EXPECT_EQ(written(u"IdComercial").toLong(), 9);
-  EXPECT_EQ(written(u"IdComercial2").toLong(), 8);
-  EXPECT_EQ(written(u"IdOtraAgencia").toLong(), 61);
+  EXPECT_EQ(written(u"IdCliente").toLong(), 22);
+  EXPECT_EQ(written(u"IdComercial").toLong(), 3);
+  EXPECT_EQ(written(u"IdComercial2").toLong(), 2);
+  EXPECT_EQ(written(u"IdOtraAgencia").toLong(), 32);
   for (const TextView box : {u"Aviso", u"Confirmada", u"Realizada", u"Anulada"})
     EXPECT_TRUE(written(box).toBoolean());
   EXPECT_EQ(written(u"TiempoAviso").text(), u"0:15:00");
@@ -120,7 +120,7 @@ TEST_F(CardToRecord, a_visit_is_written) {
 
 TEST_F(CardToRecord, an_advertisement_is_written) {
   save(u"Anuncio", {{u"txtDonde", u"El Faro"},
-                    {u"cboAcceso", u"Privado"},
+                    {u"cboAcceso", u"Visita"},
                     {u"txtCategorias", u"Urgente"},
                     {u"dtpFechaAlta", u"08/04/26"},
                     {u"dtpHoraAlta", u"17:05:09"},
@@ -147,20 +147,20 @@ TEST_F(CardToRecord, a_call_hangs_on_the_advertisement_that_the_host_shows_at_th
 
 TEST_F(CardToRecord, the_hosts_advertisement_may_be_read_from_a_real_list) {
   listOf(u"Anuncio", 3);
-  const auto advertisements = std::make_shared<kit::FakeRecordset>(rows, agency, here.faults);
+  const auto advertisements = std::make_shared<kit::FakeRecordset>(list, database, here.faults);
   advertisements->MoveLast();
-  const auto list = std::make_shared<kit::FakeObject>();
-  list->with(u"Recordset", dao::RecordsetRef(advertisements));
-  hostForm->with(u"datAnuncio", list);
+  const auto data = std::make_shared<kit::FakeObject>();
+  data->with(u"Recordset", dao::RecordsetRef(advertisements));
+  host.FichaInm->with(u"datAnuncio", data);
   save(u"Llamada", {});
-  EXPECT_EQ(written(u"IdAnuncio").toLong(), 13);
+  EXPECT_EQ(written(u"IdAnuncio").toLong(), 503);
 }
 
 TEST_F(CardToRecord, every_card_writes_the_moment_the_user_and_the_text) {
   for (const TextView kind : allKinds) {
-    save(kind, {{u"cboUsuario", u"Luis"}, {u"txtNotas", u"Nuevo texto"}});
+    save(kind, {{u"cboUsuario", u"Benito Gil"}, {u"txtNotas", u"Nuevo texto"}});
     EXPECT_EQ(written(u"FechaActualizacion").text(), u"09/03/2026 10:20:30");
-    EXPECT_EQ(written(u"IdUsuario").toLong(), 8);
+    EXPECT_EQ(written(u"IdUsuario").toLong(), 2);
     EXPECT_EQ(written(u"Notas").text(), u"Nuevo texto");
   }
 }
@@ -175,7 +175,7 @@ TEST_F(CardToRecord, emptied_texts_are_written_as_empty_texts) {
 
 TEST_F(CardToRecord, unticked_boxes_are_written_as_false) {
   listOf(u"Visita");
-  for (const TextView name : {u"Aviso", u"Confirmada", u"Realizada", u"Anulada"}) stored(2, name) = true;
+  for (const TextView name : {u"Aviso", u"Confirmada", u"Realizada", u"Anulada"}) at(2, name) = true;
   open(2, [&] {
     write({{u"chkAviso", 0}, {u"chkConfirmada", 0}, {u"chkRealizada", 0}, {u"chkAnulada", 0}});
     for (const TextView name : {u"Aviso", u"Confirmada", u"Realizada", u"Anulada"})
@@ -202,12 +202,11 @@ TEST_F(CardToRecord, an_access_type_that_nobody_knows_is_written_as_null) {
 
 TEST_F(CardToRecord, an_access_type_is_looked_up_at_every_save) {
   save(u"Nota", {});
-  EXPECT_TRUE(lookedUp(u"SELECT IdTipoAccNota FROM TipoAccNota WHERE Nombre = 'Público'"));
+  EXPECT_TRUE(lookedUp(u"SELECT IdTipoAccNota FROM TipoAccNota WHERE Nombre = 'Teléfono'"));
 }
 
 TEST_F(CardToRecord, names_go_into_statements_with_their_quotes_doubled) {
-  agency->answers(u"SELECT IdCliente FROM Cliente WHERE Alias = 'O''Hara'", {{u"IdCliente", dao::dbLong}},
-                  {{55}});
+  database->tableNamed(u"Cliente")->add({55, u"O'Hara", Null, Null});
   save(u"Visita", {{u"txtCliente", u"O'Hara"}});
   EXPECT_EQ(written(u"IdCliente").toLong(), 55);
 }
@@ -217,37 +216,37 @@ TEST_F(CardToRecord, names_go_into_statements_with_their_quotes_doubled) {
 TEST_F(CardToRecord, a_user_whose_name_was_not_touched_is_not_looked_up) {
   for (const TextView kind : {u"Nota", u"Anuncio", u"Llamada"}) {
     save(kind, {});
-    EXPECT_EQ(written(u"IdUsuario").toLong(), 7);
-    EXPECT_FALSE(lookedUp(u"SELECT IdUsuario FROM Usuario WHERE Nombre = 'Marta'"));
-    EXPECT_FALSE(lookedUp(u"SELECT IdUsuario FROM Usuario WHERE Nombre = 'Luis'"));
+    EXPECT_EQ(written(u"IdUsuario").toLong(), 1);
+    EXPECT_FALSE(lookedUp(u"SELECT IdUsuario FROM Usuario WHERE Nombre = 'Ana Ruiz'"));
+    EXPECT_FALSE(lookedUp(u"SELECT IdUsuario FROM Usuario WHERE Nombre = 'Benito Gil'"));
   }
 }
 
 TEST_F(CardToRecord, a_creator_or_a_user_to_remind_that_is_none_keeps_the_field) {
   save(u"Nota", {{u"cboUsuario", u""}, {u"cboUsuarioAviso", u""}});
   EXPECT_TRUE(lookedUp(u"SELECT IdUsuario FROM Usuario WHERE Nombre = ''"));
-  EXPECT_EQ(written(u"IdUsuario").toLong(), 7);
-  EXPECT_EQ(written(u"IdUsuarioAviso").toLong(), 8);
+  EXPECT_EQ(written(u"IdUsuario").toLong(), 1);
+  EXPECT_EQ(written(u"IdUsuarioAviso").toLong(), 2);
 }
 
 TEST_F(CardToRecord, the_user_to_remind_that_a_card_shows_for_none_is_written) {
   listOf(u"Nota");
-  stored(2, u"UsuarioAviso") = Null;
-  stored(2, u"IdUsuarioAviso") = Null;
-  stored(2, u"FechaAviso") = Null;
+  at(2, u"UsuarioAviso") = Null;
+  at(2, u"IdUsuarioAviso") = Null;
+  at(2, u"FechaAviso") = Null;
   open(2, [&] {
     write({});
-    EXPECT_EQ(written(u"IdUsuarioAviso").toLong(), 7);
+    EXPECT_EQ(written(u"IdUsuarioAviso").toLong(), 3);
     EXPECT_EQ(written(u"FechaAviso").text(), u"09/03/2026");
   });
 }
 
 TEST_F(CardToRecord, an_untouched_client_and_agency_are_not_looked_up) {
   save(u"Visita", {});
-  EXPECT_EQ(written(u"IdCliente").toLong(), 40);
-  EXPECT_EQ(written(u"IdOtraAgencia").toLong(), 60);
-  EXPECT_FALSE(lookedUp(u"SELECT IdCliente FROM Cliente WHERE Alias = 'Sr. Pons'"));
-  EXPECT_FALSE(lookedUp(u"SELECT IdAgencia FROM Agencia WHERE Alias = 'Costa'"));
+  EXPECT_EQ(written(u"IdCliente").toLong(), 21);
+  EXPECT_EQ(written(u"IdOtraAgencia").toLong(), 31);
+  EXPECT_FALSE(lookedUp(u"SELECT IdCliente FROM Cliente WHERE Alias = 'Luis Pérez'"));
+  EXPECT_FALSE(lookedUp(u"SELECT IdAgencia FROM Agencia WHERE Alias = 'Casas del Sur'"));
 }
 
 TEST_F(CardToRecord, a_cleared_client_and_agency_are_written_as_null_without_a_look_up) {
@@ -267,8 +266,8 @@ TEST_F(CardToRecord, a_client_and_an_agency_that_nobody_knows_are_written_as_nul
 TEST_F(CardToRecord, a_list_without_the_other_agencys_name_keeps_its_key) {
   listOf(u"Visita", 3, {u"Agencia"});
   open(2, [&] {
-    write({{u"txtOtraAgencia", u"Sierra"}});
-    EXPECT_EQ(written(u"IdOtraAgencia").toLong(), 60);
+    write({{u"txtOtraAgencia", u"Fincas López"}});
+    EXPECT_EQ(written(u"IdOtraAgencia").toLong(), 31);
   });
 }
 
@@ -282,12 +281,12 @@ TEST_F(CardToRecord, a_list_without_the_cancelled_column_saves_the_rest) {
 
 TEST_F(CardToRecord, a_salesperson_is_looked_up_at_every_save) {
   save(u"Visita", {});
-  EXPECT_TRUE(lookedUp(u"SELECT IdUsuario FROM Usuario WHERE Nombre = 'Luis'"));
-  EXPECT_EQ(written(u"IdComercial").toLong(), 8);
+  EXPECT_TRUE(lookedUp(u"SELECT IdUsuario FROM Usuario WHERE Nombre = 'Benito Gil'"));
+  EXPECT_EQ(written(u"IdComercial").toLong(), 2);
 }
 
 TEST_F(CardToRecord, an_empty_or_unknown_salesperson_is_written_as_null) {
-  surface.DosComerciales = true;
+  nota.DosComerciales = true;
   for (const TextView name : {u"", u"Nadie"}) {
     save(u"Visita", {{u"cboComercial", name}, {u"cboComercial2", name}});
     EXPECT_TRUE(written(u"IdComercial").isNull());
@@ -296,15 +295,16 @@ TEST_F(CardToRecord, an_empty_or_unknown_salesperson_is_written_as_null) {
 }
 
 TEST_F(CardToRecord, a_second_salesperson_is_written_only_where_there_can_be_two) {
-  save(u"Visita", {{u"cboComercial2", u"Luis"}});
-  EXPECT_EQ(written(u"IdComercial2").toLong(), 9);
+  save(u"Visita", {{u"cboComercial2", u"Benito Gil"}});
+  EXPECT_EQ(written(u"IdComercial2").toLong(), 3);
 }
 
 TEST_F(CardToRecord, names_of_the_list_stay_as_they_were_read) {
-  save(u"Visita", {{u"cboUsuario", u"Luis"}, {u"txtCliente", u"Sra. Gil"}, {u"txtOtraAgencia", u"Sierra"}});
-  EXPECT_EQ(written(u"Usuario").text(), u"Marta");
-  EXPECT_EQ(written(u"Cliente").text(), u"Sr. Pons");
-  EXPECT_EQ(written(u"Agencia").text(), u"Costa");
+  save(u"Visita",
+       {{u"cboUsuario", u"Benito Gil"}, {u"txtCliente", u"Eva Núñez"}, {u"txtOtraAgencia", u"Fincas López"}});
+  EXPECT_EQ(written(u"Usuario").text(), u"Ana Ruiz");
+  EXPECT_EQ(written(u"Cliente").text(), u"Luis Pérez");
+  EXPECT_EQ(written(u"Agencia").text(), u"Casas del Sur");
 }
 
 // Dates.
@@ -316,21 +316,21 @@ TEST_F(CardToRecord, a_picker_on_day_zero_is_written_as_day_zero) {
 
 TEST_F(CardToRecord, a_visit_without_an_end_is_written_with_day_zero_and_shown_empty_again) {
   listOf(u"Visita");
-  stored(2, u"FechaFin") = Null;
+  at(2, u"FechaFin") = Null;
   open(2, [&] {
     write({});
     EXPECT_FALSE(written(u"FechaFin").isNull());
     EXPECT_EQ(written(u"FechaFin").toDouble(), 0);
   });
-  open(2, [&] { EXPECT_EQ(card().as<forms::DTPicker>(u"dtpFechaFin")->text(), u"30-12-99"); });
+  open(2, [&] { EXPECT_EQ(form().as<forms::DTPicker>(u"dtpFechaFin")->text(), u"30-12-99"); });
 }
 
 TEST_F(CardToRecord, dates_that_were_not_touched_come_back_as_they_were) {
-  const Date untouched[] = {moment(2005, 3, 7, 9, 5, 0), moment(2005, 3, 7), Date{},
-                            moment(1999, 12, 30, 10, 0, 0)};
+  const Date untouched[] = {kit::on(2005, 3, 7, 9, 5, 0), kit::on(2005, 3, 7), Date{},
+                            kit::on(1999, 12, 30, 10, 0, 0)};
   for (const Date date : untouched) {
     listOf(u"Visita");
-    stored(2, u"FechaComienzo") = date;
+    at(2, u"FechaComienzo") = date;
     open(2, [&] {
       write({});
       EXPECT_EQ(written(u"FechaComienzo").toDouble(), date.days);
@@ -340,7 +340,7 @@ TEST_F(CardToRecord, dates_that_were_not_touched_come_back_as_they_were) {
 
 TEST_F(CardToRecord, a_century_that_two_digits_do_not_tell_is_lost) {
   listOf(u"Nota");
-  stored(2, u"FechaAlta") = moment(1925, 5, 1, 10, 0, 0);
+  at(2, u"FechaAlta") = kit::on(1925, 5, 1, 10, 0, 0);
   open(2, [&] {
     write({});
     EXPECT_EQ(written(u"FechaAlta").text(), u"01/05/2025 10:00:00");
@@ -357,9 +357,23 @@ TEST_F(CardToRecord, an_unticked_sending_date_is_written_as_null) {
   EXPECT_TRUE(written(u"FechaEnvio").isNull());
 }
 
+TEST_F(CardToRecord, a_blank_date_keeps_the_field) {
+  openOn(u"Nota", [&] {
+    crs().Edit();
+    for (const TextView blank : {u"", u"  "}) FechayHora(instance, u"FechaAviso", blank);
+    crs().Update();
+    EXPECT_EQ(written(u"FechaAviso").text(), u"12/03/2026");
+  });
+}
+
+TEST_F(CardToRecord, a_reminder_date_taken_back_to_day_zero_is_written_so) {
+  save(u"Nota", {{u"dtpFechaAviso", Date{}}});
+  EXPECT_EQ(written(u"FechaAviso").toDouble(), 0);
+}
+
 TEST_F(CardToRecord, an_emptied_number_of_days_keeps_the_old_one) {
   save(u"Anuncio", {{u"txtNDias", u""}});
-  EXPECT_EQ(written(u"NDias").toLong(), 5);
+  EXPECT_EQ(written(u"NDias").toLong(), 15);
 }
 
 TEST_F(CardToRecord, a_lead_time_is_always_written_day_zero_for_none) {
@@ -389,7 +403,7 @@ TEST_F(CardToRecord, the_parent_is_written_by_the_first_save_alone) {
   for (const auto& expected : cases) {
     for (const TextView kind : {u"Nota", u"Visita", u"Anuncio"}) {
       listOf(kind);
-      stored(2, u"Id") = expected.before;
+      at(2, u"Id") = expected.before;
       open(2, [&] {
         write({});
         EXPECT_EQ(written(u"Id").toLong(), expected.after);
@@ -399,14 +413,14 @@ TEST_F(CardToRecord, the_parent_is_written_by_the_first_save_alone) {
 }
 
 TEST_F(CardToRecord, the_agency_is_written_only_where_there_is_none) {
-  surface.IdAgencia = 66;
+  nota.IdAgencia = 66;
   struct {
     Variant before;
     std::int32_t after;
   } const cases[] = {{Null, 66}, {0, 66}, {5, 5}};
   for (const auto& expected : cases) {
     listOf(u"Nota");
-    stored(2, u"IdAgencia") = expected.before;
+    at(2, u"IdAgencia") = expected.before;
     open(2, [&] {
       write({});
       EXPECT_EQ(written(u"IdAgencia").toLong(), expected.after);
@@ -424,10 +438,9 @@ TEST_F(CardToRecord, a_list_without_an_agency_column_saves_the_rest) {
 
 TEST_F(CardToRecord, a_call_has_neither_parent_nor_agency) {
   listOf(u"Llamada");
-  for (const TextView column : {u"Id", u"IdAgencia"}) {
-    rows->columns.push_back({Text(column), dao::dbLong});
-    for (const auto& row : rows->rows) row->values.push_back(Null);
-  }
+  list->columns.push_back({u"Id", dao::dbLong});
+  for (const auto& row : list->rows) row->values.push_back(Null);
+  at(2, u"IdAgencia") = Null;
   open(2, [&] {
     write({});
     EXPECT_TRUE(written(u"Id").isNull());
@@ -441,10 +454,10 @@ TEST_F(CardToRecord, a_date_that_does_not_convert_is_reported_and_the_rest_is_wr
   openOn(u"Nota", [&] {
     change({{u"txtAsunto", u"Otro"}});
     here.faults.failNth("Field.setValue", 4, failure::typeMismatch);
-    expectReport(u"FechayHora de CNota (FechaAlta, 07/03/2005 9:05:00) ", failure::typeMismatch);
-    EXPECT_TRUE(GrabaRegistro(nota));
+    expectReport(u"FechayHora de CNota (FechaAlta, 02/03/2026 10:15:00) ", failure::typeMismatch);
+    EXPECT_TRUE(GrabaRegistro(instance));
     EXPECT_EQ(written(u"Asunto").text(), u"Otro");
-    EXPECT_EQ(written(u"FechaAlta").text(), u"07/03/2005 9:05:00");
+    EXPECT_EQ(written(u"FechaAlta").text(), u"02/03/2026 10:15:00");
     EXPECT_EQ(written(u"FechaActualizacion").text(), u"09/03/2026 10:20:30");
   });
 }
@@ -453,41 +466,41 @@ TEST_F(CardToRecord, a_visits_moments_are_named_in_a_report_by_their_full_hour) 
   openOn(u"Visita", [&] {
     change({});
     here.faults.failNth("Field.setValue", 4, failure::typeMismatch);
-    expectReport(u"FechayHora de CNota (FechaComienzo, 07/03/2005 09:05:00) ", failure::typeMismatch);
-    EXPECT_TRUE(GrabaRegistro(nota));
+    expectReport(u"FechayHora de CNota (FechaComienzo, 10/03/2026 09:30:00) ", failure::typeMismatch);
+    EXPECT_TRUE(GrabaRegistro(instance));
   });
 }
 
 TEST_F(CardToRecord, a_host_without_an_advertisement_list_keeps_a_call_from_being_written) {
   openOn(u"Llamada", [&] {
     change({{u"txtNotas", u"Nuevo texto"}});
-    hostForm->failing(u"datAnuncio", failure::noSuchMember);
+    host.FichaInm->failing(u"datAnuncio", failure::noSuchMember);
     expectReport(u"GrabaRegistro de CNota", failure::noSuchMember);
-    EXPECT_FALSE(GrabaRegistro(nota));
-    EXPECT_TRUE(crs->editing());
+    EXPECT_FALSE(GrabaRegistro(instance));
+    EXPECT_TRUE(crs().editing());
     EXPECT_EQ(written(u"Notas").text(), u"Texto 2");
   });
 }
 
 TEST_F(CardToRecord, a_host_without_an_active_form_keeps_a_row_without_parent_from_being_written) {
   listOf(u"Nota");
-  stored(2, u"Id") = Null;
+  at(2, u"Id") = Null;
   open(2, [&] {
     change({});
-    mainForm->with(u"ActiveForm", ObjectRef());
+    host.frmBase->with(u"ActiveForm", ObjectRef());
     expectReport(u"GrabaRegistro de CNota", failure::objectNotSet);
-    EXPECT_FALSE(GrabaRegistro(nota));
+    EXPECT_FALSE(GrabaRegistro(instance));
     EXPECT_TRUE(written(u"Id").isNull());
   });
 }
 
 TEST_F(CardToRecord, without_a_list_or_a_card_there_is_a_report) {
   expectReport(u"GrabaRegistro de CNota", failure::objectNotSet);
-  EXPECT_FALSE(GrabaRegistro(nota));
+  EXPECT_FALSE(GrabaRegistro(instance));
   listOf(u"Nota");
   expectReport(u"GrabaRegistro de CNota", failure::objectNotSet);
-  EXPECT_FALSE(GrabaRegistro(nota));
-  EXPECT_TRUE(crs->editing());
+  EXPECT_FALSE(GrabaRegistro(instance));
+  EXPECT_TRUE(crs().editing());
 }
 
 }  // namespace

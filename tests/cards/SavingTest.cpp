@@ -9,7 +9,6 @@ namespace ovalia {
 namespace {
 
 using kit::allKinds;
-using kit::moment;
 
 const Text staleText =
     u"La ficha acaba de ser modificada por otro usuario.\r\n"
@@ -19,20 +18,20 @@ class Saving : public kit::OpenCardTest {
  protected:
   // Another user writes the row that the card shows.
   void anotherWrites() {
-    stored(2, u"FechaActualizacion") = moment(2026, 3, 9, 10, 0, 0);
-    stored(2, u"Notas") = u"De otro";
+    at(2, u"FechaActualizacion") = kit::on(2026, 3, 9, 10, 0, 0);
+    at(2, u"Notas") = u"De otro";
   }
 
-  bool ask(TextView action) { return AvisoCambio(nota, u"Preguntar", action); }
+  bool ask(TextView action) { return AvisoCambio(instance, u"Preguntar", action); }
 
   // A new annotation: its row is there, the card is blank.
-  void makeNew() { nota.EstadoFicha = nueva; }
+  void makeNew() { instance.EstadoFicha = nueva; }
 
   // The list loses the row it stands on while the question is up.
   std::function<void()> runOut() {
     return [this] {
-      crs->MoveLast();
-      crs->MoveNext();
+      crs().MoveLast();
+      crs().MoveNext();
     };
   }
 };
@@ -42,21 +41,20 @@ class Saving : public kit::OpenCardTest {
 TEST_F(Saving, a_clean_card_is_left_alone) {
   openOn(u"Nota", [&] {
     anotherWrites();
-    Guardar(nota, u"NoPreguntar");
-    EXPECT_EQ(crs->updates, 0);
-    EXPECT_EQ(nota.EstadoFicha, limpia);
-    EXPECT_EQ(shown(u"txtNotas"), u"Texto 2");
+    Guardar(instance, u"NoPreguntar");
+    EXPECT_EQ(crs().updates, 0);
+    EXPECT_EQ(instance.EstadoFicha, limpia);
+    EXPECT_EQ(card(u"txtNotas"), u"Texto 2");
   });
 }
 
 TEST_F(Saving, a_card_that_is_being_filled_is_left_alone) {
   openOn(u"Nota", [&] {
     put(u"txtNotas", u"Nuevo texto");
-    nota.EstadoFicha = cargando;
-    Guardar(nota, u"NoPreguntar");
-    EXPECT_EQ(crs->updates, 0);
-    EXPECT_EQ(nota.EstadoFicha, cargando);
-    nota.EstadoFicha = limpia;
+    instance.EstadoFicha = cargando;
+    Guardar(instance, u"NoPreguntar");
+    EXPECT_EQ(crs().updates, 0);
+    EXPECT_EQ(instance.EstadoFicha, cargando);
   });
 }
 
@@ -64,11 +62,11 @@ TEST_F(Saving, a_changed_card_is_written_without_a_question_and_is_clean_afterwa
   for (const TextView kind : allKinds) {
     openOn(kind, [&] {
       change({{u"txtNotas", u"Nuevo texto"}});
-      Guardar(nota, u"NoPreguntar");
-      EXPECT_EQ(stored(2, u"Notas").text(), u"Nuevo texto");
-      EXPECT_EQ(crs->updates, 1);
-      EXPECT_FALSE(crs->editing());
-      EXPECT_EQ(nota.EstadoFicha, limpia);
+      Guardar(instance, u"NoPreguntar");
+      EXPECT_EQ(at(2, u"Notas").text(), u"Nuevo texto");
+      EXPECT_EQ(crs().updates, 1);
+      EXPECT_FALSE(crs().editing());
+      EXPECT_EQ(instance.EstadoFicha, limpia);
       EXPECT_EQ(here.screen.pointers, (std::vector<int>{11, 0}));
     });
   }
@@ -76,11 +74,11 @@ TEST_F(Saving, a_changed_card_is_written_without_a_question_and_is_clean_afterwa
 
 TEST_F(Saving, the_card_remembers_the_stamp_it_has_written) {
   openOn(u"Nota", [&] {
-    EXPECT_EQ(shown(u"lblActualizacion"), u"01/03/2026 8:00:00");
+    EXPECT_EQ(card(u"lblActualizacion"), u"05/03/2026 18:30:15");
     change({{u"txtNotas", u"Nuevo texto"}});
-    Guardar(nota, u"NoPreguntar");
-    EXPECT_EQ(stored(2, u"FechaActualizacion").text(), u"09/03/2026 10:20:30");
-    EXPECT_EQ(shown(u"lblActualizacion"), u"09/03/2026 10:20:30");
+    Guardar(instance, u"NoPreguntar");
+    EXPECT_EQ(at(2, u"FechaActualizacion").text(), u"09/03/2026 10:20:30");
+    EXPECT_EQ(card(u"lblActualizacion"), u"09/03/2026 10:20:30");
   });
 }
 
@@ -89,8 +87,8 @@ TEST_F(Saving, a_second_save_after_a_further_edit_is_not_taken_for_another_users
     for (const TextView text : {u"Uno", u"Dos"}) {
       here.clock.time.second += 1;
       change({{u"txtNotas", text}});
-      Guardar(nota, u"NoPreguntar");
-      EXPECT_EQ(stored(2, u"Notas").text(), text);
+      Guardar(instance, u"NoPreguntar");
+      EXPECT_EQ(at(2, u"Notas").text(), text);
     }
   });
 }
@@ -99,9 +97,9 @@ TEST_F(Saving, the_saving_tools_go_off_and_the_record_tools_on) {
   openOn(u"Nota", [&] {
     change({{u"txtNotas", u"Nuevo texto"}});
     for (const TextView tool : {u"ID_Guardar", u"ID_DeshacerCambios"})
-      card().toolbars().tool(tool)->setEnabled(true);
-    card().toolbars().tool(u"ID_Imprimir")->setEnabled(false);
-    Guardar(nota, u"NoPreguntar");
+      form().toolbars().tool(tool)->setEnabled(true);
+    form().toolbars().tool(u"ID_Imprimir")->setEnabled(false);
+    Guardar(instance, u"NoPreguntar");
     EXPECT_FALSE(enabled(u"ID_Guardar"));
     EXPECT_FALSE(enabled(u"ID_DeshacerCambios"));
     EXPECT_TRUE(enabled(u"ID_Imprimir"));
@@ -111,11 +109,11 @@ TEST_F(Saving, the_saving_tools_go_off_and_the_record_tools_on) {
 TEST_F(Saving, the_control_the_user_stays_in_goes_on_being_tracked) {
   openOn(u"Nota", [&] {
     change({{u"txtNotas", u"Nuevo texto"}});
-    control(u"txtNotas")->Tag = HacerNada;
-    Guardar(nota, u"NoPreguntar");
-    EXPECT_EQ(control(u"txtNotas")->Tag, u"HacerAlgo");
-    card().as<forms::TextBox>(u"txtNotas")->userTypes(u"Más texto");
-    EXPECT_EQ(nota.EstadoFicha, modificada);
+    control(u"txtNotas").Tag = HacerNada;
+    Guardar(instance, u"NoPreguntar");
+    EXPECT_EQ(control(u"txtNotas").Tag, u"HacerAlgo");
+    form().as<forms::TextBox>(u"txtNotas")->userTypes(u"Más texto");
+    EXPECT_EQ(instance.EstadoFicha, modificada);
   });
 }
 
@@ -125,12 +123,12 @@ TEST_F(Saving, a_changed_card_that_another_user_has_written_meanwhile_shows_that
       change({{u"txtNotas", u"Nuevo texto"}});
       anotherWrites();
       expectBox(staleText, 48, u"Guardar");
-      Guardar(nota, u"NoPreguntar");
-      EXPECT_EQ(shown(u"txtNotas"), u"De otro");
-      EXPECT_EQ(stored(2, u"Notas").text(), u"De otro");
-      EXPECT_EQ(shown(u"lblActualizacion"), u"09/03/2026 10:00:00");
-      EXPECT_EQ(crs->updates, 0);
-      EXPECT_EQ(nota.EstadoFicha, limpia);
+      Guardar(instance, u"NoPreguntar");
+      EXPECT_EQ(card(u"txtNotas"), u"De otro");
+      EXPECT_EQ(at(2, u"Notas").text(), u"De otro");
+      EXPECT_EQ(card(u"lblActualizacion"), u"09/03/2026 10:00:00");
+      EXPECT_EQ(crs().updates, 0);
+      EXPECT_EQ(instance.EstadoFicha, limpia);
     });
   }
 }
@@ -138,20 +136,20 @@ TEST_F(Saving, a_changed_card_that_another_user_has_written_meanwhile_shows_that
 TEST_F(Saving, writes_within_one_second_are_not_noticed) {
   openOn(u"Nota", [&] {
     change({{u"txtNotas", u"Nuevo texto"}});
-    stored(2, u"Notas") = u"De otro";
-    Guardar(nota, u"NoPreguntar");
-    EXPECT_EQ(stored(2, u"Notas").text(), u"Nuevo texto");
+    at(2, u"Notas") = u"De otro";
+    Guardar(instance, u"NoPreguntar");
+    EXPECT_EQ(at(2, u"Notas").text(), u"Nuevo texto");
   });
 }
 
 TEST_F(Saving, a_row_without_a_stamp_agrees_with_an_empty_label) {
   listOf(u"Nota");
-  stored(2, u"FechaActualizacion") = Null;
+  at(2, u"FechaActualizacion") = Null;
   open(2, [&] {
-    EXPECT_EQ(shown(u"lblActualizacion"), u"");
+    EXPECT_EQ(card(u"lblActualizacion"), u"");
     change({{u"txtNotas", u"Nuevo texto"}});
-    Guardar(nota, u"NoPreguntar");
-    EXPECT_EQ(stored(2, u"Notas").text(), u"Nuevo texto");
+    Guardar(instance, u"NoPreguntar");
+    EXPECT_EQ(at(2, u"Notas").text(), u"Nuevo texto");
   });
 }
 
@@ -161,23 +159,23 @@ TEST_F(Saving, a_new_annotation_is_saved_without_looking_for_another_users_write
     put(u"lblActualizacion", u"");
     makeNew();
     anotherWrites();
-    Guardar(nota, u"NoPreguntar");
-    EXPECT_EQ(stored(2, u"Notas").text(), u"Nuevo texto");
-    EXPECT_EQ(nota.EstadoFicha, limpia);
+    Guardar(instance, u"NoPreguntar");
+    EXPECT_EQ(at(2, u"Notas").text(), u"Nuevo texto");
+    EXPECT_EQ(instance.EstadoFicha, limpia);
   });
 }
 
 TEST_F(Saving, a_value_that_is_refused_keeps_the_card_from_being_written) {
   openOn(u"Anuncio", [&] {
-    focus(u"txtNDias");
+    ASSERT_TRUE(user.enters(u"txtNDias"));
     change({{u"txtNDias", u"300"}});
     expectBox(u"Introduzca un número entre 0 y 255.", 48, u"Error");
-    Guardar(nota, u"NoPreguntar");
-    EXPECT_EQ(crs->updates, 0);
-    EXPECT_FALSE(crs->editing());
-    EXPECT_EQ(stored(2, u"NDias").text(), u"5");
-    EXPECT_EQ(nota.EstadoFicha, modificada);
-    EXPECT_EQ(shown(u"txtNDias"), u"300");
+    Guardar(instance, u"NoPreguntar");
+    EXPECT_EQ(crs().updates, 0);
+    EXPECT_FALSE(crs().editing());
+    EXPECT_EQ(at(2, u"NDias").text(), u"15");
+    EXPECT_EQ(instance.EstadoFicha, modificada);
+    EXPECT_EQ(card(u"txtNDias"), u"300");
   });
 }
 
@@ -185,9 +183,9 @@ TEST_F(Saving, asked_to_ask_the_command_asks) {
   openOn(u"Nota", [&] {
     change({{u"txtNotas", u"Nuevo texto"}});
     expectQuestion(u"¿Desea guardar los cambios realizados en la nota?", cancel);
-    Guardar(nota, u"Preguntar");
-    EXPECT_EQ(crs->updates, 0);
-    EXPECT_EQ(nota.EstadoFicha, modificada);
+    Guardar(instance, u"Preguntar");
+    EXPECT_EQ(crs().updates, 0);
+    EXPECT_EQ(instance.EstadoFicha, modificada);
   });
 }
 
@@ -208,48 +206,45 @@ TEST_F(Saving, the_question_is_worded_by_kind_and_state) {
   };
   for (const Question& question : questions) {
     openOn(question.tipo, [&] {
-      nota.EstadoFicha = nueva;
+      instance.EstadoFicha = nueva;
       expectQuestion(Text(question.fresh), cancel);
       EXPECT_FALSE(ask(u"Save"));
-      EXPECT_EQ(nota.EstadoFicha, nueva);
-      nota.EstadoFicha = modificada;
+      EXPECT_EQ(instance.EstadoFicha, nueva);
+      instance.EstadoFicha = modificada;
       expectQuestion(Text(question.changed), cancel);
       EXPECT_FALSE(ask(u"Save"));
-      EXPECT_EQ(nota.EstadoFicha, modificada);
-      nota.EstadoFicha = limpia;
+      EXPECT_EQ(instance.EstadoFicha, modificada);
     });
   }
 }
 
 TEST_F(Saving, a_kind_that_is_none_of_the_four_is_called_a_card) {
   openOn(u"Nota", [&] {
-    surface.Tipo = u"nota";
-    nota.EstadoFicha = nueva;
+    nota.Tipo = u"nota";
+    instance.EstadoFicha = nueva;
     expectQuestion(u"¿Desea guardar la nueva ficha?", cancel);
     EXPECT_FALSE(ask(u"Save"));
-    nota.EstadoFicha = modificada;
+    instance.EstadoFicha = modificada;
     expectQuestion(u"¿Desea guardar los cambios realizados en la ficha?", cancel);
     EXPECT_FALSE(ask(u"Save"));
-    nota.EstadoFicha = limpia;
   });
 }
 
 TEST_F(Saving, a_clean_card_lets_the_caller_go_on_without_a_question) {
   openOn(u"Nota", [&] {
     EXPECT_TRUE(ask(u"Move"));
-    EXPECT_TRUE(AvisoCambio(nota, u"NoPreguntar", u"Save"));
-    EXPECT_EQ(crs->updates, 0);
+    EXPECT_TRUE(AvisoCambio(instance, u"NoPreguntar", u"Save"));
+    EXPECT_EQ(crs().updates, 0);
     EXPECT_TRUE(here.screen.pointers.empty());
   });
 }
 
 TEST_F(Saving, a_card_that_is_being_filled_lets_the_caller_go_on_without_a_question) {
   openOn(u"Nota", [&] {
-    nota.EstadoFicha = cargando;
+    instance.EstadoFicha = cargando;
     EXPECT_TRUE(ask(u"UnLoad"));
-    EXPECT_EQ(nota.EstadoFicha, cargando);
-    EXPECT_EQ(crs->updates, 0);
-    nota.EstadoFicha = limpia;
+    EXPECT_EQ(instance.EstadoFicha, cargando);
+    EXPECT_EQ(crs().updates, 0);
   });
 }
 
@@ -257,8 +252,8 @@ TEST_F(Saving, any_other_word_than_preguntar_saves_without_asking) {
   for (const TextView word : {u"NoPreguntar", u"preguntar", u""}) {
     openOn(u"Nota", [&] {
       change({{u"txtNotas", u"Nuevo texto"}});
-      EXPECT_TRUE(AvisoCambio(nota, word, u"Save"));
-      EXPECT_EQ(stored(2, u"Notas").text(), u"Nuevo texto");
+      EXPECT_TRUE(AvisoCambio(instance, word, u"Save"));
+      EXPECT_EQ(at(2, u"Notas").text(), u"Nuevo texto");
     });
   }
 }
@@ -267,17 +262,17 @@ TEST_F(Saving, answered_yes_the_card_is_written_and_the_title_composed_again) {
   for (const std::int32_t state : {nueva, modificada}) {
     openOn(u"Nota", [&] {
       change({{u"txtNotas", u"Nuevo texto"}});
-      nota.EstadoFicha = state;
-      card().setCaption(u"Otro título");
-      hostForm->journal.clear();
+      instance.EstadoFicha = state;
+      form().setCaption(u"Otro título");
+      host.FichaInm->journal.clear();
       expectQuestion(state == nueva ? u"¿Desea guardar la nueva nota?"
                                     : u"¿Desea guardar los cambios realizados en la nota?",
                      yes);
       EXPECT_TRUE(ask(u"UnLoad"));
-      EXPECT_EQ(stored(2, u"Notas").text(), u"Nuevo texto");
-      EXPECT_EQ(nota.EstadoFicha, limpia);
-      EXPECT_EQ(card().Caption(), u"120 - Nota: 2/3");
-      EXPECT_EQ(hostForm->journal, std::vector<Text>{u"Ajuste_N_Notas()"});
+      EXPECT_EQ(at(2, u"Notas").text(), u"Nuevo texto");
+      EXPECT_EQ(instance.EstadoFicha, limpia);
+      EXPECT_EQ(form().Caption(), u"Inmueble 120 - Nota: 2/3");
+      EXPECT_EQ(host.FichaInm->journal, std::vector<Text>{u"Ajuste_N_Notas()"});
       EXPECT_EQ(here.screen.pointers, (std::vector<int>{11, 0}));
     });
   }
@@ -290,7 +285,7 @@ TEST_F(Saving, answered_yes_it_saves_over_another_users_write_without_a_word) {
       anotherWrites();
       expectQuestion(u"¿Desea guardar los cambios realizados en la nota?", yes);
       EXPECT_TRUE(ask(action));
-      EXPECT_EQ(stored(2, u"Notas").text(), u"Nuevo texto");
+      EXPECT_EQ(at(2, u"Notas").text(), u"Nuevo texto");
     });
   }
 }
@@ -298,9 +293,9 @@ TEST_F(Saving, answered_yes_it_saves_over_another_users_write_without_a_word) {
 TEST_F(Saving, a_save_leaves_another_users_count_of_documents_alone) {
   openOn(u"Nota", [&] {
     change({{u"txtNotas", u"Nuevo texto"}});
-    stored(2, u"NArchivos") = std::int32_t(4);
-    EXPECT_TRUE(AvisoCambio(nota, u"NoPreguntar", u"Save"));
-    EXPECT_EQ(stored(2, u"NArchivos").toLong(), 4);
+    at(2, u"NArchivos") = std::int32_t(4);
+    EXPECT_TRUE(AvisoCambio(instance, u"NoPreguntar", u"Save"));
+    EXPECT_EQ(at(2, u"NArchivos").toLong(), 4);
   });
 }
 
@@ -310,11 +305,11 @@ TEST_F(Saving, answered_no_a_changed_card_is_clean_but_not_filled_again) {
       change({{u"txtNotas", u"Nuevo texto"}});
       expectQuestion(u"¿Desea guardar los cambios realizados en la nota?", no);
       EXPECT_TRUE(ask(action));
-      EXPECT_EQ(nota.EstadoFicha, limpia);
-      EXPECT_EQ(shown(u"txtNotas"), u"Nuevo texto");
-      EXPECT_EQ(stored(2, u"Notas").text(), u"Texto 2");
-      EXPECT_EQ(crs->updates, 0);
-      EXPECT_EQ(crs->deletes, 0);
+      EXPECT_EQ(instance.EstadoFicha, limpia);
+      EXPECT_EQ(card(u"txtNotas"), u"Nuevo texto");
+      EXPECT_EQ(at(2, u"Notas").text(), u"Texto 2");
+      EXPECT_EQ(crs().updates, 0);
+      EXPECT_EQ(crs().deletes, 0);
       EXPECT_EQ(here.screen.pointers, (std::vector<int>{11, 0}));
     });
   }
@@ -328,7 +323,7 @@ TEST_F(Saving, answered_no_the_tools_follow_unless_the_caller_moves_on) {
   for (const auto& expected : cases) {
     openOn(u"Nota", [&] {
       change({});
-      card().toolbars().tool(u"ID_Guardar")->setEnabled(true);
+      form().toolbars().tool(u"ID_Guardar")->setEnabled(true);
       expectQuestion(u"¿Desea guardar los cambios realizados en la nota?", no);
       EXPECT_TRUE(ask(expected.action));
       EXPECT_EQ(enabled(u"ID_Guardar"), expected.stillOn);
@@ -341,8 +336,8 @@ TEST_F(Saving, answered_no_a_new_card_lets_the_caller_go_on) {
     makeNew();
     expectQuestion(u"¿Desea guardar la nueva nota?", no);
     EXPECT_TRUE(ask(u"Save"));
-    EXPECT_EQ(nota.EstadoFicha, limpia);
-    EXPECT_EQ(crs->updates, 0);
+    EXPECT_EQ(instance.EstadoFicha, limpia);
+    EXPECT_EQ(crs().updates, 0);
   });
 }
 
@@ -350,19 +345,18 @@ TEST_F(Saving, cancelled_everything_stays_and_the_card_takes_the_focus) {
   for (const std::int32_t state : {nueva, modificada}) {
     openOn(u"Llamada", [&] {
       change({{u"txtNotas", u"Nuevo texto"}});
-      nota.EstadoFicha = state;
-      activations = 0;
+      instance.EstadoFicha = state;
+      desk.windows.clear();
       expectQuestion(state == nueva ? u"¿Desea guardar la nueva llamada?"
                                     : u"¿Desea guardar los cambios realizados en la llamada?",
                      cancel);
       EXPECT_FALSE(ask(u"Move"));
-      EXPECT_EQ(nota.EstadoFicha, state);
-      EXPECT_EQ(shown(u"txtNotas"), u"Nuevo texto");
-      EXPECT_EQ(crs->updates, 0);
-      EXPECT_EQ(activations, 1);
-      EXPECT_TRUE(card().Visible());
+      EXPECT_EQ(instance.EstadoFicha, state);
+      EXPECT_EQ(card(u"txtNotas"), u"Nuevo texto");
+      EXPECT_EQ(crs().updates, 0);
+      EXPECT_EQ(desk.windows, std::vector<Text>{u"frmLlamada activate"});
+      EXPECT_TRUE(form().Visible());
       EXPECT_TRUE(here.screen.pointers.empty());
-      nota.EstadoFicha = limpia;
     });
   }
 }
@@ -383,8 +377,8 @@ TEST_F(Saving, a_list_that_has_run_out_hides_the_card_after_any_answer_but_a_mov
       change({});
       expectQuestion(u"¿Desea guardar los cambios realizados en la nota?", expected.answer).whileUp(runOut());
       EXPECT_EQ(ask(expected.action), expected.result);
-      EXPECT_EQ(card().Visible(), expected.visible);
-      EXPECT_EQ(nota.EstadoFicha, limpia);
+      EXPECT_EQ(form().Visible(), expected.visible);
+      EXPECT_EQ(instance.EstadoFicha, limpia);
     });
   }
 }
@@ -398,11 +392,11 @@ TEST_F(Saving, undo_shows_the_record_again_without_a_question) {
     openOn(kind, [&] {
       change({{u"txtNotas", u"Nuevo texto"}});
       anotherWrites();
-      DeshacerCambios(nota);
-      EXPECT_EQ(shown(u"txtNotas"), u"De otro");
-      EXPECT_EQ(nota.EstadoFicha, limpia);
-      EXPECT_EQ(crs->updates, 0);
-      EXPECT_TRUE(card().Visible());
+      DeshacerCambios(instance);
+      EXPECT_EQ(card(u"txtNotas"), u"De otro");
+      EXPECT_EQ(instance.EstadoFicha, limpia);
+      EXPECT_EQ(crs().updates, 0);
+      EXPECT_TRUE(form().Visible());
     });
   }
 }
@@ -410,14 +404,14 @@ TEST_F(Saving, undo_shows_the_record_again_without_a_question) {
 TEST_F(Saving, undo_on_an_empty_list_hides_the_card_and_ends) {
   for (const std::int32_t state : {limpia, nueva, modificada, cargando}) {
     openOn(u"Nota", [&] {
-      nota.EstadoFicha = state;
+      instance.EstadoFicha = state;
       put(u"txtNotas", u"Nuevo texto");
-      rows->rows.clear();
-      crs->Requery();
-      DeshacerCambios(nota);
-      EXPECT_EQ(nota.EstadoFicha, limpia);
-      EXPECT_FALSE(card().Visible());
-      EXPECT_EQ(shown(u"txtNotas"), u"Nuevo texto");
+      list->rows.clear();
+      crs().Requery();
+      DeshacerCambios(instance);
+      EXPECT_EQ(instance.EstadoFicha, limpia);
+      EXPECT_FALSE(form().Visible());
+      EXPECT_EQ(card(u"txtNotas"), u"Nuevo texto");
     });
   }
 }
@@ -426,9 +420,8 @@ TEST_F(Saving, undo_tells_the_user_of_a_new_row_that_could_not_be_deleted) {
   openOn(u"Nota", [&] {
     makeNew();
     expectBox(u"La ficha no ha podido ser borrada.", 48);
-    DeshacerCambios(nota);
-    EXPECT_EQ(nota.EstadoFicha, nueva);
-    nota.EstadoFicha = limpia;
+    DeshacerCambios(instance);
+    EXPECT_EQ(instance.EstadoFicha, nueva);
   });
 }
 

@@ -255,7 +255,8 @@ void FakeRecordset::Edit() {
   cursor_->buffer.emplace(cursor_->table->columns.size());
 }
 
-void FakeRecordset::Update(int, bool) {
+void FakeRecordset::Update(int type, bool force) {
+  updateArguments.emplace_back(type, force);
   cursor_->visit("Recordset.Update");
   if (!cursor_->buffer) throw Failure(dao::failure::updateWithoutEdit);
   FakeRow& row = cursor_->row();

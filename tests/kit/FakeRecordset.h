@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "platform/dao.h"
@@ -28,6 +29,7 @@ class FakeRecordset : public dao::Recordset {
   Matcher matcher;
   std::vector<Text> criteria;  // of the Finds, in order
   int updates = 0, deletes = 0;
+  std::vector<std::pair<int, bool>> updateArguments;  // of every Update that was asked for
 
   bool isBOF() const override;
   bool isEOF() const override;
