@@ -1,0 +1,332 @@
+#include "commands/CommandRouting.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/cardkit/OpenCard.h"
+
+namespace ovalia {
+namespace {
+
+using kit::allKinds;
+
+class CommandRouting : public kit::OpenCardTest {
+ protected:
+  void SetUp() override {
+    OpenCardTest::SetUp();
+    here.objects.add(u"Mosken.CMosken", [this] { return dialog; });
+    dialog->giving(u"Mostrar", {});
+  }
+
+  forms::ListView& attachments() { return *form().as<forms::ListView>(u"LsvDocu"); }
+
+  // Nothing that the card, the row or the host would show.
+  void expectNoEffect() {
+    EXPECT_EQ(state(), modificada);
+    EXPECT_EQ(card(u"txtNotas"), u"Nuevo texto");
+    EXPECT_EQ(standsOn(), 502);
+    EXPECT_EQ(crs().updates, 0);
+    EXPECT_EQ(crs().deletes, 0);
+    EXPECT_TRUE(host.events.empty());
+    EXPECT_TRUE(host.dlgfrmbase->journal.empty());
+    EXPECT_TRUE(dialog->journal.empty());
+    EXPECT_TRUE(form().Visible());
+    EXPECT_TRUE(here.screen.pointers.empty());
+  }
+
+  std::shared_ptr<kit::FakeObject> dialog = std::make_shared<kit::FakeObject>();
+};
+
+constexpr TextView recordGroups[] = {u"Fichas", u"Ver", u"Ayuda"};
+
+TEST_F(CommandRouting, an_unknown_group_or_id_does_nothing) {
+  const std::pair<TextView, TextView> unknown[] = {
+      {u"", u""},
+      {u"Fichas", u""},
+      {u"", u"ID_Guardar"},
+      {u"fichas", u"ID_Guardar"},
+      {u"Fichas", u"id_guardar"},
+      {u"Fichas", u"ID_Guardar "},
+      {u"Archivo", u"ID_Guardar"},
+      {u"Documentos", u"ID_Guardar"},
+      {u"Navegacion", u"ID_Guardar"},
+      {u"ListView", u"ID_Siguiente"},
+      {u"Fichas", u"ID_Siguiente"},
+      {u"Orden", u"ID_Salir"},
+      {u"Navegacion", u"ID_mnuOrden"},
+  };
+  for (const TextView kind : allKinds) {
+    openOn(kind, [&] {
+      change({{u"txtNotas", u"Nuevo texto"}});
+      for (const auto& [group, id] : unknown) command(group, id);
+      expectNoEffect();
+    });
+  }
+}
+
+TEST_F(CommandRouting, the_commands_that_are_known_and_empty_do_nothing) {
+  std::vector<std::pair<TextView, TextView>> empty = {
+      {u"Archivo", u"ID_DocumentosInexistentes"},
+      {u"Archivo", u"ID_DocumentossinrelacionconExpedientes"},
+      {u"Documentos", u"ID_ImprimirLsv"},
+  };
+  for (const TextView group : recordGroups)
+    for (const TextView id : {u"ID_mnuFichas", u"ID_Seleccionar", u"ID_Contenido", u"ID_AcercadelPrograma"})
+      empty.emplace_back(group, id);
+  for (const TextView kind : allKinds) {
+    openOn(kind, [&] {
+      change({{u"txtNotas", u"Nuevo texto"}});
+      for (const auto& [group, id] : empty) command(group, id);
+      expectNoEffect();
+    });
+  }
+}
+
+TEST_F(CommandRouting, a_failing_command_is_reported_by_the_routing) {
+  openOn(u"Nota", [&] {
+    host.answers.ImportarCorreos = [] { throw Failure(failure::typeMismatch); };
+    expectReport(u"dNota_Menu de CNota", failure::typeMismatch);
+    command(u"Archivo", u"ID_ImportarCorreos");
+  });
+}
+
+// "Archivo".
+
+TEST_F(CommandRouting, mails_are_imported_by_the_host) {
+  for (const TextView kind : allKinds) {
+    openOn(kind, [&] {
+      command(u"Archivo", u"ID_ImportarCorreos");
+      EXPECT_EQ(host.events, std::vector<Text>{u"ImportarCorreos()"});
+    });
+  }
+}
+
+TEST_F(CommandRouting, the_printer_is_chosen_in_the_hosts_dialog) {
+  openOn(u"Nota", [&] {
+    command(u"Archivo", u"ID_Impresora");
+    EXPECT_EQ(host.dlgfrmbase->journal, std::vector<Text>{u"ShowPrinter()"});
+  });
+}
+
+TEST_F(CommandRouting, a_cancelled_printer_dialog_is_reported) {
+  openOn(u"Nota", [&] {
+    host.dlgfrmbase->failing(u"ShowPrinter", failure::dialogCancelled);
+    expectReport(u"dNota_Menu de CNota", failure::dialogCancelled);
+    command(u"Archivo", u"ID_Impresora");
+  });
+}
+
+TEST_F(CommandRouting, leaving_hides_the_card_and_stores_its_place) {
+  for (const TextView kind : allKinds) {
+    openOn(kind, [&] {
+      user.clicks(u"ID_Salir");
+      EXPECT_FALSE(form().Visible());
+      EXPECT_TRUE(form().loaded());
+      EXPECT_TRUE(here.settings.stored(u"Agencia", form().Name(), u"DocsWidth"));
+    });
+  }
+}
+
+TEST_F(CommandRouting, leaving_asks_about_changes_and_stays_when_the_user_cancels) {
+  openOn(u"Nota", [&] {
+    change({{u"txtNotas", u"Nuevo texto"}});
+    expectQuestion(u"¿Desea guardar los cambios realizados en la nota?", cancel);
+    user.clicks(u"ID_Salir");
+    EXPECT_TRUE(form().Visible());
+    EXPECT_EQ(state(), modificada);
+    expectQuestion(u"¿Desea guardar los cambios realizados en la nota?", no);
+    user.clicks(u"ID_Salir");
+    EXPECT_FALSE(form().Visible());
+  });
+}
+
+TEST_F(CommandRouting, leaving_does_not_touch_the_state_of_a_half_filled_card) {
+  openOn(u"Nota", [&] {
+    instance.EstadoFicha = cargando;
+    command(u"Archivo", u"ID_Salir");
+    EXPECT_FALSE(form().Visible());
+    EXPECT_EQ(state(), cargando);
+  });
+}
+
+TEST_F(CommandRouting, leaving_never_hides_the_hosts_form) {
+  openOn(u"Nota", [&] {
+    host.FichaInm->giving(u"Hide", {});
+    form().userAction([&] {
+      form().Hide();
+      dNota_Menu(instance, u"Archivo", u"ID_Salir");
+    });
+    EXPECT_EQ(host.calls(*host.FichaInm, u"Hide"), 0);
+    EXPECT_FALSE(form().Visible());
+  });
+}
+
+// "Fichas", "Ver", "Ayuda".
+
+TEST_F(CommandRouting, saving_asks_no_question) {
+  for (const TextView kind : allKinds) {
+    for (const TextView group : recordGroups) {
+      openOn(kind, [&] {
+        change({{u"txtNotas", u"Nuevo texto"}});
+        command(group, u"ID_Guardar");
+        EXPECT_EQ(at(2, u"Notas").text(), u"Nuevo texto");
+        EXPECT_EQ(state(), limpia);
+      });
+    }
+  }
+}
+
+TEST_F(CommandRouting, undoing_shows_the_record_again) {
+  for (const TextView group : recordGroups) {
+    openOn(u"Nota", [&] {
+      change({{u"txtNotas", u"Nuevo texto"}});
+      command(group, u"ID_DeshacerCambios");
+      EXPECT_EQ(card(u"txtNotas"), u"Texto 2");
+      EXPECT_EQ(state(), limpia);
+    });
+  }
+}
+
+TEST_F(CommandRouting, searching_opens_the_dialog) {
+  for (const TextView group : recordGroups) {
+    openOn(u"Nota", [&] {
+      dialog->journal.clear();
+      command(group, u"ID_Buscar");
+      EXPECT_EQ(host.calls(*dialog, u"Mostrar"), 1);
+    });
+  }
+}
+
+TEST_F(CommandRouting, adding_asks_about_changes_first) {
+  for (const TextView group : recordGroups) {
+    openOn(u"Nota", [&] {
+      change({{u"txtNotas", u"Nuevo texto"}});
+      expectQuestion(u"¿Desea guardar los cambios realizados en la nota?", cancel);
+      command(group, u"ID_Aniadir");
+      EXPECT_EQ(state(), modificada);
+      EXPECT_TRUE(database->executed.empty());
+    });
+  }
+}
+
+TEST_F(CommandRouting, a_tool_that_is_disabled_is_not_stopped_here) {
+  openOn(u"Nota", [&] {
+    change({{u"txtNotas", u"Nuevo texto"}});
+    form().toolbars().tool(u"ID_Guardar")->setEnabled(false);
+    command(u"Fichas", u"ID_Guardar");
+    EXPECT_EQ(at(2, u"Notas").text(), u"Nuevo texto");
+  });
+}
+
+// "Navegacion", "Orden".
+
+TEST_F(CommandRouting, the_moves_are_reached_through_both_groups) {
+  struct {
+    TextView id;
+    std::int32_t target;
+  } const moves[] = {
+      {u"ID_Primero", 501}, {u"ID_Anterior", 502}, {u"ID_Siguiente", 504}, {u"ID_Ultimo", 505}};
+  for (const TextView kind : allKinds) {
+    for (const TextView group : {u"Navegacion", u"Orden"}) {
+      for (const auto& move : moves) {
+        listOf(kind, 5);
+        open(3, [&] {
+          command(group, move.id);
+          EXPECT_EQ(standsOn(), move.target);
+        });
+      }
+    }
+  }
+}
+
+// "Documentos".
+
+TEST_F(CommandRouting, opening_the_document_menus_refreshes_their_tools) {
+  const std::pair<TextView, TextView> menus[] = {{u"Documentos", u"ID_mnuDocumentos"},
+                                                 {u"ListView", u"ID_mnuLsvEnDoc"}};
+  for (const TextView kind : allKinds) {
+    for (const auto& [group, id] : menus) {
+      openOn(kind, [&] {
+        attachments().Add({u"120F00.doc", u"Contrato.doc", u"doc"});
+        attachments().select(1);
+        ASSERT_TRUE(user.enters(u"LsvDocu"));
+        for (const TextView tool : {u"ID_Abrir", u"ID_Pegar"})
+          form().toolbars().tool(tool)->setEnabled(false);
+        here.clipboard.holdsFiles = true;
+        command(group, id);
+        EXPECT_TRUE(enabled(u"ID_Abrir"));
+        EXPECT_TRUE(enabled(u"ID_Pegar"));
+      });
+    }
+  }
+}
+
+TEST_F(CommandRouting, deleting_or_modelling_an_attachment_without_a_selection_is_reported) {
+  for (const TextView kind : allKinds) {
+    openOn(kind, [&] {
+      attachments().Add({u"120F00.doc", u"Contrato.doc", u"doc"});
+      for (const TextView id : {u"ID_Quitar", u"ID_CrearModelo"}) {
+        expectReport(u"dNota_Menu de CNota", failure::objectNotSet);
+        command(u"Documentos", id);
+      }
+    });
+  }
+}
+
+TEST_F(CommandRouting, a_model_is_made_of_the_list_of_the_screens_form_and_a_deletion_of_the_cards) {
+  openOn(u"Nota", [&] {
+    const auto other = kit::named(u"Otra");
+    here.screen.activeFormOf = [&]() -> ObjectRef { return other; };
+    attachments().Add({u"120F00.doc", u"Contrato.doc", u"doc"});
+    attachments().select(1);
+    command(u"Documentos", u"ID_Quitar");
+    EXPECT_TRUE(other->reads.empty());
+    expectReport(u"dNota_Menu de CNota", failure::noSuchMember);
+    command(u"Documentos", u"ID_CrearModelo");
+    EXPECT_EQ(other->reads.front(), u"LsvDocu");
+  });
+}
+
+// "ListView".
+
+TEST_F(CommandRouting, the_view_of_the_list_is_chosen) {
+  struct {
+    TextView id;
+    int view;
+  } const views[] = {{u"ID_IconosPequenios", 1}, {u"ID_Lista", 2}, {u"ID_IconosGrandes", 0}};
+  for (const TextView kind : allKinds) {
+    openOn(kind, [&] {
+      for (const auto& expected : views) {
+        command(u"ListView", expected.id);
+        EXPECT_EQ(attachments().View(), expected.view);
+      }
+    });
+  }
+}
+
+TEST_F(CommandRouting, the_view_is_that_of_the_screens_form) {
+  openOn(u"Nota", [&] {
+    const auto other = kit::named(u"Otra"), itsList = kit::named(u"LsvDocu");
+    other->with(u"LsvDocu", itsList);
+    here.screen.activeFormOf = [&]() -> ObjectRef { return other; };
+    command(u"ListView", u"ID_Lista");
+    EXPECT_EQ(itsList->journal, std::vector<Text>{u"View = 2"});
+    EXPECT_EQ(attachments().View(), 0);
+  });
+}
+
+TEST_F(CommandRouting, the_lists_own_menu_refreshes_pasting_alone) {
+  for (const TextView kind : allKinds) {
+    openOn(kind, [&] {
+      form().toolbars().tool(u"ID_Abrir")->setEnabled(true);
+      for (const bool files : {true, false}) {
+        here.clipboard.holdsFiles = files;
+        command(u"ListView", u"ID_mnuLsv");
+        EXPECT_EQ(enabled(u"ID_Pegar"), files);
+        EXPECT_TRUE(enabled(u"ID_Abrir"));
+      }
+    });
+  }
+}
+
+}  // namespace
+}  // namespace ovalia
