@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "platform/Failure.h"
-#include "routines/ErrorReport.h"
+#include "routines/ErrorLog.h"
 
 namespace ovalia::forms {
 
