@@ -3,6 +3,7 @@
 #include "attachments/AttachmentList.h"
 #include "cards/BlankCard.h"
 #include "cards/FillTables.h"
+#include "cards/Filling.h"
 #include "commands/ToolState.h"
 #include "routines/Trap.h"
 
@@ -30,7 +31,7 @@ void RefrescoFicha(Instance& nota, TextView Accion) {
     nota.EstadoFicha = cargando;
     forms::CardForm& card = nota.card();
     card.setKeyPreview(true);
-    card.setFilling(true);
+    const Filling filling(card);
     setTagOfActiveControl(card, u"");
     if (nota.crs().isBOF() || nota.crs().isEOF()) {
       FichaLimpia(nota);
@@ -43,7 +44,6 @@ void RefrescoFicha(Instance& nota, TextView Accion) {
     nota.EstadoFicha = limpia;
     CambiarMenu(nota, Accion, nota.EstadoFicha, u"");
   });
-  if (nota.dNota) nota.dNota->setFilling(false);
 }
 
 void FechayHora(Instance& nota, TextView Campo, TextView Valor) {

@@ -1,5 +1,6 @@
 #include "desktop/CardBars.h"
 
+#include <QLayout>
 #include <QMouseEvent>
 #include <QPointer>
 #include <QStyleOptionToolButton>
@@ -13,7 +14,7 @@ namespace ovalia::desktop {
 
 namespace {
 
-constexpr int toolIcon = 20;
+constexpr double toolIcon = 255;  // twips
 
 // The tool whose face is one command and whose arrow is another.
 constexpr TextView splitTool = u"ID_BAdjuntar";
@@ -51,14 +52,17 @@ QString tipOf(const forms::ActiveToolBars::Tool& tool) {
 }  // namespace
 
 CardBars::CardBars(std::shared_ptr<forms::ActiveToolBars> bars, QWidget* window, std::function<void()> before)
-    : bars_(std::move(bars)),
+    : QObject(window),
+      bars_(std::move(bars)),
       window_(window),
       before_(std::move(before)),
       menuBar_(new QMenuBar(window)),
       toolBar_(new QToolBar(QStringLiteral("Herramientas"), window)) {
   toolBar_->setMovable(false);
   toolBar_->setContextMenuPolicy(Qt::PreventContextMenu);
-  toolBar_->setIconSize(QSize(toolIcon, toolIcon));
+  const int size = Scale::of(*window).pixels(toolIcon);
+  toolBar_->setIconSize(QSize(size, size));
+  toolBar_->layout()->setSpacing(0);
   toolBar_->setFocusPolicy(Qt::NoFocus);
   fill(*menuBar_, u"Menu");
   fill(*toolBar_, u"Herramientas");

@@ -28,6 +28,15 @@ bool isContainer(const forms::Control& control) {
   return control.type() == ControlType::Frame || control.type() == ControlType::Splitter;
 }
 
+// The toolkit would move the focus before anybody could ask: a press asks the form instead.
+void focusByFormOnly(const ControlWidget& drawn) {
+  auto parts = drawn.widget()->findChildren<QWidget*>();
+  parts.append(drawn.widget());
+  for (QWidget* part : parts)
+    if (!isContainer(drawn.control()) && part->focusPolicy() & Qt::ClickFocus)
+      part->setFocusPolicy(Qt::TabFocus);
+}
+
 class Counted {
  public:
   explicit Counted(int& count) : count_(count) { ++count_; }
@@ -98,6 +107,7 @@ void CardWindow::buildControls() {
     if (!drawn) continue;
     for (const Property property : everyProperty) drawn->follow(property);
     describe(*drawn);
+    focusByFormOnly(*drawn);
   }
 }
 
@@ -185,7 +195,12 @@ void CardWindow::showForm() {
     default:
       showNormal();
   }
-  if (freelyPlaced()) followPlace();
+  // Only now the bars have their true height.
+  if (freelyPlaced() && area_->size() != askedSize_.pixels) {
+    resizeArea(askedSize_.pixels);
+    reportedSize_ = area_->size();
+  }
+  if (freelyPlaced()) keepOnScreen();
   activateWindow();
 }
 

@@ -7,6 +7,7 @@
 #include "desktop/DropData.h"
 #include "desktop/Icons.h"
 #include "desktop/QtText.h"
+#include "desktop/Scale.h"
 
 namespace ovalia::desktop {
 
@@ -21,13 +22,13 @@ constexpr int rightButton = 2;
 struct ViewRow {
   QListView::ViewMode mode;
   QListView::Flow flow;
-  int icon;  // pixels
+  double icon;  // twips
   bool grid;
 };
 constexpr ViewRow views[] = {
-    {QListView::IconMode, QListView::LeftToRight, 32, true},
-    {QListView::ListMode, QListView::LeftToRight, 16, true},
-    {QListView::ListMode, QListView::TopToBottom, 16, false},
+    {QListView::IconMode, QListView::LeftToRight, 480, true},
+    {QListView::ListMode, QListView::LeftToRight, 240, true},
+    {QListView::ListMode, QListView::TopToBottom, 240, false},
 };
 
 class DocumentList : public QListWidget {
@@ -169,17 +170,18 @@ class ListWidget : public ControlWidget {
   void followView() {
     const ViewRow& view = views[model().View()];
     const int line = list_->fontMetrics().height();
+    const int icon = Scale::of(*list_).pixels(view.icon);
     list_->setViewMode(view.mode);
     list_->setFlow(view.flow);
     list_->setWrapping(true);
     list_->setMovement(QListView::Static);
     list_->setResizeMode(QListView::Adjust);
-    list_->setIconSize(QSize(view.icon, view.icon));
+    list_->setIconSize(QSize(icon, icon));
     list_->setWordWrap(view.mode == QListView::IconMode);
     list_->setGridSize(!view.grid                         ? QSize()
-                       : view.mode == QListView::IconMode ? QSize(line * 6, view.icon + 2 * line + 8)
-                                                          : QSize(line * 10, view.icon + 6));
-    list_->setAcceptDrops(true);
+                       : view.mode == QListView::IconMode ? QSize(line * 6, icon + 2 * line + 8)
+                                                          : QSize(line * 10, icon + 6));
+    list_->viewport()->setAcceptDrops(true);
   }
 
   forms::ListView& model() const { return static_cast<forms::ListView&>(control()); }

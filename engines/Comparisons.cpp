@@ -44,6 +44,7 @@ Date edge(Date date, int side) {
 
 Operand SentenceTranslator::joined(Operand left, std::size_t mark, Operand right, bool nullIsNothing) {
   Operand result{.first = left.first, .end = right.end, .type = dao::dbText, .simple = false};
+  result.filled = nullIsNothing;
   if (left.text && right.text) {
     result.text = *left.text + *right.text;
     result.simple = true;
@@ -53,6 +54,7 @@ Operand SentenceTranslator::joined(Operand left, std::size_t mark, Operand right
   }
   if (!sentence_[mark].symbol(facts_.join)) sentence_.replace(mark, Text(facts_.join));
   for (const Operand* side : {&left, &right}) {
+    if (side->filled) continue;
     if (nullIsNothing && !isConstant(*side)) {
       sentence_.before(side->first, u"COALESCE(");
       sentence_.after(side->end - 1, u", '')");

@@ -34,14 +34,15 @@ Catalog& Database::catalog() {
 
 Translation Database::translated(TextView sql) { return translate(sql, catalog(), driver().facts()); }
 
-dao::RecordsetRef Database::OpenRecordset(TextView sql, dao::RecordsetType type) {
+dao::RecordsetRef Database::OpenRecordset(TextView source, dao::RecordsetType type) {
+  const Text sql = selectFrom(source);
   Translation translation = translated(sql);
   if (!translation.select || translation.kind != StatementKind::Select)
     throw databaseFailure(dao::failure::syntax, sql);
   if (type == dao::dbOpenDynaset)
     if (auto query = KeyQuery::of(*translation.select, driver().facts()))
-      return std::make_shared<Dynaset>(shared_from_this(), Text(sql), std::move(*query));
-  return std::make_shared<Snapshot>(shared_from_this(), Text(sql), translation);
+      return std::make_shared<Dynaset>(shared_from_this(), sql, std::move(*query));
+  return std::make_shared<Snapshot>(shared_from_this(), sql, translation);
 }
 
 void Database::Execute(TextView sql) {

@@ -74,7 +74,7 @@ int fullYear(const Piece& year) {
 }  // namespace
 
 std::optional<Date> dateFromLiteral(TextView text) {
-  const auto pieces = cut(text);
+  const auto pieces = cut(trimBlanks(text));
   if (!pieces) return std::nullopt;
   DateParts parts;
   if (!setTime(*pieces, parts)) return std::nullopt;

@@ -19,11 +19,17 @@ Text doubled(TextView text, char16_t mark) {
   return all;
 }
 
+bool wordCharacter(char16_t c) {
+  return (c >= u'0' && c <= u'9') || ((c | 0x20) >= u'a' && (c | 0x20) <= u'z') || c == u'_' || c > 0x7F;
+}
+
+bool sticks(char16_t before, char16_t after) {
+  return (before == u'-' && after == u'-') || (wordCharacter(before) && wordCharacter(after));
+}
+
 bool plainName(TextView name) {
   if (name.empty() || (name.front() >= u'0' && name.front() <= u'9')) return false;
-  return std::all_of(name.begin(), name.end(), [](char16_t c) {
-    return (c >= u'0' && c <= u'9') || ((c | 0x20) >= u'a' && (c | 0x20) <= u'z') || c == u'_' || c > 0x7F;
-  });
+  return std::all_of(name.begin(), name.end(), wordCharacter);
 }
 
 }  // namespace
@@ -70,8 +76,8 @@ Text Sentence::text(std::size_t first, std::size_t end) const {
     if (!all.empty()) all.append(sql_.substr(token.gap, token.begin - token.gap));
     all.append(edit.before);
     const Text own = edit.instead ? *edit.instead : plain(token);
-    // Two signs in a row would begin a comment in the engine.
-    if (!all.empty() && !own.empty() && all.back() == own.front() && own.front() == u'-') all += u' ';
+    // Two words would run together where one between them is gone; two signs would begin a comment.
+    if (!all.empty() && !own.empty() && sticks(all.back(), own.front())) all += u' ';
     all.append(own).append(edit.after);
   }
   return all;

@@ -16,7 +16,8 @@ struct Operand {
   std::optional<Text> text = {};              // where it is a constant
   std::optional<Date> date = {};
   std::optional<double> number = {};
-  bool truth = false;  // the constant is True or False
+  bool truth = false;   // the constant is True or False
+  bool filled = false;  // is never Null
 };
 
 // The moment half a second before or after a date, in hundred-millionths of a day.

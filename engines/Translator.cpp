@@ -91,12 +91,11 @@ Criterion SentenceTranslator::criterion(const SelectShape& select) {
   return result;
 }
 
+Text selectFrom(TextView sqlOrTable) {
+  return (namesTable(sqlOrTable) ? u"SELECT * FROM " : u"") + Text(sqlOrTable);
+}
+
 Translation translate(TextView sql, Catalog& catalog, const DialectFacts& facts) {
-  if (namesTable(sql)) {
-    const Text all = u"SELECT * FROM " + Text(sql);
-    Sentence whole(all, facts);
-    return SentenceTranslator(whole, catalog).statement();
-  }
   // Definitions and pragmas are in the engine's own words.
   if (!isTranslated(sql)) return {StatementKind::Other, Text(sql), std::nullopt, false};
   Sentence sentence(sql, facts);

@@ -47,9 +47,12 @@ struct Translation {
   bool refusedForLength = false;  // it writes a text that its column's size refuses
 };
 
-// A statement in the Jet dialect in the engine's. The name of a table alone is its whole content. Literals
-// are never touched but in how they are quoted; what is not known passes through for the engine to judge.
-// Failures: 3075 a literal that does not end or is no date, 3421 a constant that its column cannot take.
+// The select that a recordset is opened by: the text itself, or all of the table that it names.
+Text selectFrom(TextView sqlOrTable);
+
+// A statement in the Jet dialect in the engine's. Literals are never touched but in how they are quoted; what
+// is not known passes through for the engine to judge, and definitions and pragmas whole. Failures: 3075 a
+// literal that does not end or is no date, 3421 a constant that its column cannot take.
 Translation translate(TextView sql, Catalog& catalog, const DialectFacts& facts);
 
 // A search criterion over the output columns of a select.

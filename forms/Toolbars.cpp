@@ -91,7 +91,8 @@ void ActiveToolBars::userSelects(TextView id) {
 
 void ActiveToolBars::userOpensMenu(TextView id) {
   form().userAction([&] {
-    if (reported(id)) form().onTool(*tool(id));
+    const auto opened = tool(id);
+    if (reported(id) && opened->Enabled() && opened->Visible()) form().onTool(*opened);
   });
 }
 

@@ -83,7 +83,12 @@ void CardPage::buildFields() {
     } else {
       auto* line = new QLineEdit(this);
       line->setReadOnly(field.kind == FieldKind::Shown);
-      if (line->isReadOnly()) line->setFocusPolicy(Qt::ClickFocus);
+      if (line->isReadOnly()) {
+        line->setFocusPolicy(Qt::ClickFocus);
+        QPalette grey = line->palette();
+        grey.setColor(QPalette::Base, grey.color(QPalette::Window));
+        line->setPalette(grey);
+      }
       QObject::connect(line, &QLineEdit::textEdited, this,
                        [this, &field](const QString& text) { edited(field, text); });
       box = line;

@@ -100,7 +100,7 @@ Variant reminderUser(Making& m) {
   return m.every(4, 1) ? number(1 + m.dice.below(userCount)) : Variant(Null);
 }
 Variant leadTime(Making& m) {
-  constexpr int minutes[] = {0, 5, 15, 30, 60, 180, 1440};
+  constexpr int minutes[] = {15, 30, 60, 5, 180, 1440, 0};
   return m.every(4, 1) ? Variant(Date{minutes[m.number / 4 % 7] / 1440.0}) : Variant(Null);
 }
 Variant visitor(Making& m) { return m.every(9, 5) ? Variant(Null) : number(1 + m.dice.below(sampleClients)); }
@@ -219,7 +219,9 @@ void makeAnnotations(RowSink& sink, const AnnotationTable& annotation, int annot
     making.number = i;
     making.parent = parentOf(making, parents);
     making.user = static_cast<std::int32_t>(1 + dice.below(userCount));
-    const double day = baseDay - 700 + dice.below(1000);
+    // The first is the newest, so that it heads its list.
+    const double drawn = baseDay - 700 + dice.below(1000);
+    const double day = i == 1 ? baseDay + 400 : drawn;
     making.created = day + (8 * 3600 + dice.below(11 * 3600)) * second;
     std::ranges::transform(columns, row.begin(), [&](Maker make) { return make(making); });
     sink.add(row);

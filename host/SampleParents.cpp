@@ -65,18 +65,21 @@ Row model(Dice&, std::size_t i) {
 
 Row property(Dice& dice, std::size_t i) {
   const words::Town& town = words::towns[dice.below(std::size(words::towns))];
+  const words::Home& home = words::homes[dice.below(std::size(words::homes))];
   Text reference = toText(std::int64_t(i) + 1001);
   return {
       number(i + 1),
       u"V-" + reference.substr(reference.size() - 4),
-      dice.of(words::homes),
+      home.name,
       dice.of(words::streets),
       dice.oneIn(40) ? Variant(Null) : Variant(toText(1 + dice.below(180))),
       dice.oneIn(5) ? Variant(Null) : Variant(dice.of(words::floors)),
       town.postCode,
       town.name,
-      static_cast<std::int16_t>(35 + dice.below(220)),
-      dice.oneIn(25) ? Variant(Null) : Variant(euros(45000 + 500 * std::int64_t(dice.below(900)))),
+      static_cast<std::int16_t>(home.squareMetres + dice.below(std::size_t(home.squareMetres) * 2)),
+      dice.oneIn(25) ? Variant(Null)
+                     : Variant(euros(1000 * home.thousands +
+                                     500 * std::int64_t(dice.below(std::size_t(home.more) * 2)))),
       dice.oneIn(6) ? Variant(Null) : Variant(Currency{10000 * std::int64_t(20 + dice.below(160)) + 5000}),
       dice.oneIn(20) ? Variant(Null) : number(1 + dice.below(sampleClients)),
       number(1 + dice.below(userCount)),

@@ -49,8 +49,16 @@ inline constexpr Subject subjects[] = {
     {u"Registral", {u"Notas simples", u"Cancelaciones", u"Inscripciones"}},
 };
 
-inline constexpr TextView homes[] = {u"Piso",   u"Ático",   u"Chalé",          u"Local",
-                                     u"Dúplex", u"Estudio", u"Plaza de garaje"};
+// What is sold, what the cheapest costs in thousands of euros, and how many thousands more the dearest does.
+struct Home {
+  TextView name;
+  int thousands, more;
+  int squareMetres;  // of the smallest; the largest has three times as many
+};
+inline constexpr Home homes[] = {{u"Piso", 90, 260, 60},         {u"Ático", 180, 320, 70},
+                                 {u"Chalé", 240, 500, 120},      {u"Local", 60, 300, 50},
+                                 {u"Dúplex", 150, 250, 85},      {u"Estudio", 55, 80, 28},
+                                 {u"Plaza de garaje", 9, 20, 10}};
 inline constexpr TextView streets[] = {
     u"Calle Colón",        u"Avenida del Puerto",  u"Calle Cirilo Amorós",   u"Plaza de España",
     u"Calle Peñíscola",    u"Camino de Moncada",   u"Calle L'Eixample",      u"Avenida de Aragón",

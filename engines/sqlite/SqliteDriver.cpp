@@ -74,6 +74,7 @@ void SqliteDriver::openFile(const std::string& file, const OpenOptions& options)
       !std::filesystem::exists(file + "-wal", ignored))
     code = attempt(uri + "?immutable=1", SQLITE_OPEN_READONLY);
   if (code == SQLITE_OK) return;
+  if ((code & 0xFF) == SQLITE_IOERR) code = SQLITE_CANTOPEN;  // a folder, a device that does not answer
   const std::string words = connection_ ? sqlite3_errmsg(connection_.get()) : sqlite3_errstr(code);
   fail(code, file + ": " + words, StatementKind::Other);
 }

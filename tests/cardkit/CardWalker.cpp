@@ -109,8 +109,9 @@ Text wanted(const Instance& nota, const Rule& rule, const Variant& field) {
     case Shows::text:
       return field.text();
     case Shows::day:
-    case Shows::dayOfEnd:
       return dayOf(moment);
+    case Shows::dayOfEnd:
+      return dayOf(moment.days > 0 ? moment : Date{});
     case Shows::hour:
       return hourOf(moment);
     case Shows::hourOfEnd:

@@ -1,0 +1,269 @@
+#include "host/Agency.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdlib>
+
+#include "desktop/IniSettings.h"
+#include "host/BulkFile.h"
+#include "tests/host/HostTest.h"
+
+namespace ovalia::host {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::HasSubstr;
+
+Text messageOf(const std::function<void()>& start) {
+  try {
+    start();
+  } catch (const StartFailure& failure) {
+    return failure.message;
+  }
+  return u"(nada)";
+}
+
+testing::AssertionResult says(const Text& message, TextView part) {
+  if (message.find(part) != Text::npos) return testing::AssertionSuccess();
+  return testing::AssertionFailure() << "it says: " << toUtf8(message);
+}
+
+Text refusal(std::vector<std::string> arguments) {
+  return messageOf([&] { parseOptions(arguments); });
+}
+
+}  // namespace
+
+TEST(Options, are_read_in_any_order) {
+  const StartOptions options =
+      parseOptions(std::vector<std::string>{"--tour", "fotos", "--annotations", "100", "--database", "a.db"});
+  EXPECT_EQ(options.tour, "fotos");
+  EXPECT_EQ(options.annotations, 100);
+  EXPECT_EQ(options.database, "a.db");
+}
+
+TEST(Options, may_all_be_missing) {
+  const StartOptions options = parseOptions({});
+  EXPECT_FALSE(options.tour || options.annotations || options.database || options.help);
+}
+
+TEST(Options, unknown_ones_and_missing_values_are_refused) {
+  EXPECT_TRUE(says(refusal({"--fichas"}), u"Opción desconocida: --fichas"));
+  EXPECT_TRUE(says(refusal({"agencia.db"}), u"Opción desconocida"));
+  EXPECT_TRUE(says(refusal({"--tour"}), u"Falta el valor de la opción --tour"));
+  EXPECT_TRUE(says(refusal({"--database", ""}), u"Falta el valor"));
+}
+
+TEST(Options, a_count_is_a_whole_number_within_reason) {
+  for (const char* count : {"-1", "1,5", "mil", "12x", "20000001", "99999999999999"})
+    EXPECT_TRUE(says(refusal({"--annotations", count}), u"El número de anotaciones")) << count;
+  EXPECT_EQ(parseOptions(std::vector<std::string>{"--annotations", "20000000"}).annotations, 20000000);
+}
+
+class Start : public kit::LogicTest {
+ protected:
+  Text opening(const fs::path& file, TextView user = u"") {
+    return messageOf([&] { openAgency(file, user); });
+  }
+  static void run(const fs::path& file, const char* sql) {
+    sqlite3* opened = nullptr;
+    ASSERT_EQ(sqlite3_open(file.c_str(), &opened), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(opened, sql, nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(opened);
+    sqlite3_close(opened);
+  }
+
+  kit::TemporaryFolder folder;
+};
+
+TEST_F(Start, a_good_file_gives_its_first_user_and_its_documents_beside_it) {
+  const Agency agency = openAgency(sampleFile(folder.path(), 50), u"");
+  EXPECT_EQ(agency.user, u"Administrador");
+  EXPECT_EQ(agency.documents, folder.path() / "agencia-documentos");
+}
+
+TEST_F(Start, the_user_of_the_settings_is_spelt_as_the_table_spells_it) {
+  EXPECT_EQ(openAgency(sampleFile(folder.path(), 50), u"íñigo mendoza").user, u"Íñigo Mendoza");
+}
+
+TEST_F(Start, an_unknown_user_is_named) {
+  EXPECT_TRUE(says(opening(sampleFile(folder.path(), 50), u"Fulano"),
+                   u"El usuario «Fulano» de la configuración no existe"));
+}
+
+TEST_F(Start, a_missing_file_is_named) { EXPECT_TRUE(says(opening(folder.path() / "nada.db"), u"nada.db")); }
+
+TEST_F(Start, a_damaged_file_is_told_from_a_foreign_one) {
+  folder.putFile("rota.db", "esto no es una base de datos, aunque lo parezca por el nombre");
+  EXPECT_TRUE(says(opening(folder.path() / "rota.db"), u"está dañado o no es una base de datos"));
+  run(folder.path() / "ajena.db", "CREATE TABLE Recetas (Id INTEGER PRIMARY KEY)");
+  EXPECT_TRUE(says(opening(folder.path() / "ajena.db"), u"no es de una agencia: la tabla Usuario falta"));
+}
+
+TEST_F(Start, a_table_without_one_of_its_columns_is_named) {
+  const fs::path file = sampleFile(folder.path(), 50);
+  run(file, "ALTER TABLE AnuncioIP DROP COLUMN NDias");
+  EXPECT_TRUE(says(opening(file), u"la tabla AnuncioIP falta o está incompleta"));
+}
+
+TEST_F(Start, a_file_without_users_cannot_be_worked_with) {
+  const fs::path file = sampleFile(folder.path(), 0);
+  run(file, "DELETE FROM Proyecto; DELETE FROM ExpVivo; DELETE FROM Inmueble; DELETE FROM Usuario");
+  EXPECT_TRUE(says(opening(file), u"no tiene ningún usuario"));
+}
+
+TEST_F(Start, a_locked_file_is_told) {
+  const fs::path file = sampleFile(folder.path(), 50);
+  sqlite3* other = nullptr;
+  ASSERT_EQ(sqlite3_open(file.c_str(), &other), SQLITE_OK);
+  ASSERT_EQ(sqlite3_exec(other, "PRAGMA journal_mode=WAL; BEGIN EXCLUSIVE", nullptr, nullptr, nullptr),
+            SQLITE_OK);
+  EXPECT_TRUE(says(opening(file), u"bloqueada"));
+  sqlite3_close(other);
+}
+
+// The superuser may write everything, so such a test goes on as somebody else for a while.
+class SomebodyElse {
+ public:
+  SomebodyElse() {
+    if (before_ == 0 && seteuid(nobody) != 0) ADD_FAILURE() << "cannot become another user";
+  }
+  ~SomebodyElse() {
+    if (seteuid(before_) != 0) ADD_FAILURE() << "cannot become oneself again";
+  }
+
+ private:
+  static constexpr uid_t nobody = 65534;
+  uid_t before_ = geteuid();
+};
+
+TEST_F(Start, a_file_that_may_not_be_written_is_told) {
+  const fs::path file = sampleFile(folder.path(), 50);
+  fs::permissions(folder.path(), fs::perms(0555));
+  fs::permissions(file, fs::perms(0444));
+  {
+    const SomebodyElse visitor;
+    EXPECT_TRUE(says(opening(file), u"permiso"));
+  }
+  fs::permissions(folder.path(), fs::perms(0755));
+}
+
+TEST_F(Start, a_named_file_is_made_only_when_a_number_of_annotations_goes_with_it) {
+  StartOptions options;
+  options.database = folder.path() / "nueva.db";
+  EXPECT_TRUE(says(messageOf([&] { prepareDatabase(options); }), u"No existe la base de datos"));
+  EXPECT_FALSE(folder.has("nueva.db"));
+  options.annotations = 20;
+  EXPECT_EQ(prepareDatabase(options), folder.path() / "nueva.db");
+  EXPECT_TRUE(folder.has("nueva.db"));
+  EXPECT_TRUE(folder.has("nueva-documentos/Plantillas/Contrato de arras.txt"));
+}
+
+TEST_F(Start, annotations_are_not_poured_into_a_file_that_is_there) {
+  StartOptions options;
+  options.database = sampleFile(folder.path(), 50);
+  options.annotations = 20;
+  EXPECT_TRUE(says(messageOf([&] { prepareDatabase(options); }), u"ya existe"));
+}
+
+TEST_F(Start, a_file_that_cannot_be_made_is_told_and_leaves_nothing) {
+  folder.putFile("ocupado", "un fichero donde haría falta una carpeta");
+  StartOptions options;
+  options.database = folder.path() / "ocupado" / "agencia.db";
+  options.annotations = 5;
+  EXPECT_TRUE(says(messageOf([&] { prepareDatabase(options); }), u"No se puede escribir en"));
+}
+
+// The program as a whole, started as its user would.
+class Program : public Start {
+ protected:
+  struct Outcome {
+    int status;
+    std::string text;
+  };
+  Outcome start(const std::string& arguments) {
+    const std::string home = "'" + folder.path().string() + "'";
+    const std::string output = (folder.path() / "salida.txt").string();
+    const std::string command = "env -u DISPLAY -u WAYLAND_DISPLAY HOME=" + home + " XDG_DATA_HOME=" + home +
+                                "/datos XDG_CONFIG_HOME=" + home +
+                                "/config QT_QPA_PLATFORM=offscreen timeout 100 " AGENCIA_PROGRAM " " +
+                                arguments + " > '" + output + "' 2>&1";
+    const int status = std::system(command.c_str());
+    return {WEXITSTATUS(status), folder.content("salida.txt")};
+  }
+  std::string quoted(const std::string& name) { return "'" + (folder.path() / name).string() + "'"; }
+};
+
+TEST_F(Program, refuses_a_missing_database_before_any_window) {
+  const Outcome outcome = start("--database " + quoted("nada.db") + " --tour " + quoted("fotos"));
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_THAT(outcome.text, HasSubstr("No existe la base de datos"));
+  EXPECT_FALSE(folder.has("fotos"));
+}
+
+TEST_F(Program, refuses_a_damaged_database) {
+  folder.putFile("rota.db", std::string(5000, 'x'));
+  const Outcome outcome = start("--database " + quoted("rota.db") + " --tour " + quoted("fotos"));
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_THAT(outcome.text, HasSubstr("dañado"));
+}
+
+TEST_F(Program, refuses_a_user_in_its_settings_that_the_database_lacks) {
+  folder.putFolder("config/ovalia");
+  const auto settings = folder.path() / "config" / "ovalia" / "ovalia.ini";
+  desktop::IniSettings(QString::fromStdString(settings.string()))
+      .save(u"Agencia", u"Settings", u"Usuario", u"Fulano");
+  const Outcome outcome = start("--tour " + quoted("fotos"));
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_THAT(outcome.text, HasSubstr("El usuario «Fulano» de la configuración no existe"));
+}
+
+TEST_F(Program, refuses_options_it_does_not_know) {
+  const Outcome outcome = start("--fichas");
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_THAT(outcome.text, HasSubstr("Uso: agencia"));
+}
+
+TEST_F(Program, tells_how_it_is_used) {
+  const Outcome outcome = start("--help");
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_THAT(outcome.text, HasSubstr("--tour CARPETA"));
+}
+
+TEST_F(Program, says_that_it_needs_a_screen) {
+  const Outcome outcome = start("");
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_THAT(outcome.text, HasSubstr("No hay pantalla"));
+}
+
+TEST_F(Program, tours_a_card_of_each_kind_on_its_first_start) {
+  const Outcome outcome = start("--tour " + quoted("fotos"));
+  ASSERT_EQ(outcome.status, 0) << outcome.text << folder.content("fotos/transcript.txt");
+  EXPECT_TRUE(folder.has("datos/agencia/agencia.db"));
+  for (const char* picture : {"nota.png", "visita.png", "anuncio.png", "llamada.png", "agencia.png"})
+    EXPECT_EQ(folder.content(std::string("fotos/") + picture).substr(1, 3), "PNG") << picture;
+  EXPECT_FALSE(folder.has("fotos/aviso.png"));
+  const std::string transcript = folder.content("fotos/transcript.txt");
+  for (const char* line :
+       {"Formulario: frmNota", "Formulario: frmVisita", "Formulario: frmAnuncio", "Formulario: frmLlamada",
+        "Título: Inmueble: 1 - Nota: 1/", "Título: Anuncio: 1 - Llamada: 1/", "txtAsunto = "})
+    EXPECT_THAT(transcript, HasSubstr(line));
+}
+
+TEST_F(Program, fails_the_tour_when_a_box_comes_up) {
+  StartOptions options;
+  options.database = folder.path() / "agencia.db";
+  options.annotations = 2500;
+  prepareDatabase(options);
+  // A note whose author is unknown cannot be shown: the component reports it.
+  run(*options.database, "UPDATE NotaIP SET IdUsuario = NULL WHERE IdInm = 1");
+  const Outcome outcome = start("--database " + quoted("agencia.db") + " --tour " + quoted("fotos"));
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_THAT(folder.content("fotos/transcript.txt"), HasSubstr("AVISO: cuadro"));
+  EXPECT_TRUE(folder.has("fotos/aviso.png"));
+}
+
+}  // namespace ovalia::host
