@@ -4,6 +4,7 @@
 #include <span>
 
 #include "attachments/AttachmentList.h"
+#include "cards/Filling.h"
 #include "forms/VisitTimes.h"
 #include "platform/Platform.h"
 #include "routines/TextHelpers.h"
@@ -151,6 +152,7 @@ void announceNew(Instance& nota, forms::CardForm& card, const Variant& parent) {
 }
 
 void fillBlank(Instance& nota, forms::CardForm& card) {
+  const Filling filling(card);
   const Variant parent = parentNumber(objectAt(nota.nota.frmBase, {u"ActiveForm", u"vClase"}));
   LimpiarTextos(card);
   card.control(u"lblActualizacion")->setValue(u"");
@@ -166,10 +168,7 @@ void fillBlank(Instance& nota, forms::CardForm& card) {
 }  // namespace
 
 void FichaLimpia(Instance& nota) {
-  const CardRef card = nota.dNota;
-  if (card) card->setFilling(true);
   procedure(u"FichaLimpia de CNota", [&] { fillBlank(nota, nota.card()); });
-  if (card) card->setFilling(false);
 }
 
 void LimpiarTextos(forms::Form& form) {

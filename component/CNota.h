@@ -33,6 +33,10 @@ class CNota : public NotaSurface {
   void RefrescoFicha();
   void RefrescoFicha(Text& Accion);
 
+  // Gives the card the look of a new annotation and writes nothing. On a card that shows a record that is an
+  // edit, and its next save will speak of another user's.
+  void FichaLimpia();
+
   // Enables the document tools by the selection in the card's list and by the clipboard.
   void CambiarMenuNotas();
 
@@ -42,7 +46,6 @@ class CNota : public NotaSurface {
 
   // Those below have no effect yet, and give false or "".
   void RefrescoDocs();
-  void FichaLimpia();
   void CrearModelo(Text& NArch, Text& NOrg);
   void AdjuntarDocumento(bool NotaGrabada = true);
   void ImprimirNota();

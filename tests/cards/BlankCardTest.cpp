@@ -226,6 +226,19 @@ TEST_F(BlankCard, the_card_counts_as_being_filled_until_the_end_whatever_happens
   });
 }
 
+TEST_F(BlankCard, the_card_counts_as_filled_even_when_the_report_itself_fails) {
+  openCard(u"Visita", {}, [&] {
+    otherUser.deletesTheRow();
+    // With a card on top, the reload that the report of a deleted record asks for finds no controller.
+    expectBox(u"La ficha acaba de ser borrada por otro usuario y\r\nno se volverá a visualizar.", 4144,
+              u"Error");
+    instance.EstadoFicha = cargando;
+    EXPECT_THROW(FichaLimpia(instance), Failure);
+    EXPECT_FALSE(form().filling());
+    putAway();
+  });
+}
+
 TEST_F(BlankCard, the_title_announces_a_new_annotation_of_the_parent) {
   const std::vector<Shown> titles = {
       {u"Nota", u"Inmueble 120 - Nueva Nota"},
