@@ -13,7 +13,7 @@ void BaseRecordset::checkOpen() const {
   if (closed_) throw databaseFailure(ovalia::failure::objectNotSet);
 }
 
-void BaseRecordset::setFields(std::vector<FieldInfo> infos) {
+void BaseRecordset::setFields(FieldInfos infos) {
   if (fields_ && fields_->describes(infos)) return;
   if (fields_) retired_.push_back(std::move(fields_));
   fields_ = std::make_unique<RecordFields>(*this, std::move(infos));
@@ -139,7 +139,7 @@ void BaseRecordset::setBookmark(TextView bookmark) {
 void BaseRecordset::Requery() {
   checkOpen();
   dropEdit();
-  reopen(database_->translated(sql_));
+  reopen();
   open();
 }
 

@@ -41,8 +41,8 @@ class BaseRecordset : public dao::Recordset, public FieldOwner {
   virtual Place rows() const = 0;
   virtual void arrive() = 0;  // reads the current row: 3167 when it is gone
   virtual void dropEdit() = 0;
-  virtual void reopen(const Translation& translation) = 0;  // the rows again
-  virtual void forget() = 0;                                // lets go of all it holds of the engine
+  virtual void reopen() = 0;  // the rows again
+  virtual void forget() = 0;  // lets go of all it holds of the engine
 
   enum class Direction { Forward, Backward };
   // The first place from `from` on in the direction whose row meets the criterion; -1 when there is none.
@@ -56,7 +56,7 @@ class BaseRecordset : public dao::Recordset, public FieldOwner {
   Place place() const { return place_; }
   void rowTakenOut();    // of the current row: the next one stands in its place
   void needRow() const;  // 3021 without a current row, 3167 where it was just deleted
-  void setFields(std::vector<FieldInfo> infos);
+  void setFields(FieldInfos infos);
   void open();  // on the first row
   const RecordFields& recordFields() const { return *fields_; }
   Database& database() const { return *database_; }

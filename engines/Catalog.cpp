@@ -12,11 +12,22 @@ std::shared_ptr<const TableInfo> Catalog::table(TextView name) {
   return definition;
 }
 
+std::uint64_t Catalog::generation() {
+  refresh();
+  return generation_;
+}
+
+void Catalog::forget() {
+  tables_.clear();
+  dataVersion_.reset();
+  ++generation_;
+}
+
 void Catalog::refresh() {
   const std::uint64_t data = driver_.dataVersion();
   if (data == dataVersion_) return;
   const std::uint64_t schema = driver_.schemaVersion();
-  if (schema != schemaVersion_) tables_.clear();
+  if (schema != schemaVersion_) forget();
   schemaVersion_ = schema;
   dataVersion_ = data;
 }

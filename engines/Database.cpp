@@ -36,12 +36,16 @@ Translation Database::translated(TextView sql) { return translate(sql, catalog()
 
 dao::RecordsetRef Database::OpenRecordset(TextView source, dao::RecordsetType type) {
   const Text sql = selectFrom(source);
-  Translation translation = translated(sql);
+  if (type == dao::dbOpenDynaset)
+    if (auto plan = plans_.take(sql, catalog()))
+      return std::make_shared<Dynaset>(shared_from_this(), sql, std::move(plan));
+  const Translation translation = translated(sql);
   if (!translation.select || translation.kind != StatementKind::Select)
     throw databaseFailure(dao::failure::syntax, sql);
   if (type == dao::dbOpenDynaset)
     if (auto query = KeyQuery::of(*translation.select, driver().facts()))
-      return std::make_shared<Dynaset>(shared_from_this(), sql, std::move(*query));
+      return std::make_shared<Dynaset>(shared_from_this(), sql,
+                                       DynasetPlan::make(std::move(*query), driver(), catalog()));
   return std::make_shared<Snapshot>(shared_from_this(), sql, translation);
 }
 
@@ -56,7 +60,7 @@ void Database::Execute(TextView sql) {
     if (std::find(refusals.begin(), refusals.end(), failure.number()) == refusals.end()) throw;
   }
   affected_ = static_cast<std::int32_t>(count);
-  if (translation.kind == StatementKind::Other) catalog_.emplace(*driver_);
+  if (translation.kind == StatementKind::Other) catalog_->forget();
 }
 
 std::shared_ptr<dao::TableDef> Database::TableDefs(TextView name) {
@@ -70,6 +74,7 @@ std::vector<Text> Database::tableNames() { return driver().tableNames(); }
 void Database::Close() {
   driver();
   for (BaseRecordset* const set : open_) set->shut();
+  plans_.clear();
   catalog_.reset();
   driver_.reset();
 }

@@ -4,6 +4,7 @@
 
 #include "engines/Catalog.h"
 #include "engines/Driver.h"
+#include "engines/DynasetPlan.h"
 #include "engines/Translator.h"
 
 namespace ovalia::engines {
@@ -28,12 +29,15 @@ class Database : public dao::Database, public std::enable_shared_from_this<Datab
   Catalog& catalog();
   Translation translated(TextView sql);
 
+  PlanShelf& plans() { return plans_; }
+
   void opened(BaseRecordset& set) { open_.insert(&set); }
   void released(BaseRecordset& set) { open_.erase(&set); }
 
  private:
   std::unique_ptr<Driver> driver_;
   std::optional<Catalog> catalog_;
+  PlanShelf plans_;
   Text name_;
   std::int32_t affected_ = 0;
   std::set<BaseRecordset*> open_;

@@ -5,48 +5,47 @@
 
 #include "engines/Names.h"
 #include "engines/Sentence.h"
-#include "engines/Snapshot.h"
 
 namespace ovalia::engines {
 
-Dynaset::Dynaset(std::shared_ptr<Database> database, Text sql, KeyQuery query)
+Dynaset::Dynaset(std::shared_ptr<Database> database, Text sql, std::unique_ptr<DynasetPlan> plan)
     : BaseRecordset(std::move(database), std::move(sql)) {
-  load(std::move(query));
+  load(std::move(plan));
 }
 
-void Dynaset::load(KeyQuery query) {
-  Driver& driver = database().driver();
-  auto row = driver.prepare(query.rowSql, StatementKind::Select);
-  KeySet keys(query.keys.size());
-  driver.prepare(query.keysSql, StatementKind::Select)->readKeys(keys);
-  keys.shrink();
+Dynaset::~Dynaset() { forget(); }
 
-  std::vector<FieldInfo> infos = fieldsOf(row->columns(), &query.shape, database().catalog());
-  const bool known = infos.size() == query.shape.outputs.size();
-  for (std::size_t i = 0; i < infos.size(); ++i) {
-    FieldInfo& info = infos[i];
-    const bool ofBase = !known || query.shape.outputs[i].table.value_or(query.base) == query.base;
-    info.updatable = ofBase && !info.autoIncrement && !info.column.empty() &&
-                     sameColumn(info.table, query.baseTable().name);
-  }
-  query_ = std::move(query);
+void Dynaset::load(std::unique_ptr<DynasetPlan> plan) {
+  KeySet keys = readKeys(*plan);
+  setFields(plan->fields);
+  plan_ = std::move(plan);
+  start(std::move(keys));
+}
+
+KeySet Dynaset::readKeys(DynasetPlan& plan) {
+  KeySet keys(plan.query.keys.size());
+  plan.keys->readKeys(keys);
+  keys.shrink();
+  return keys;
+}
+
+void Dynaset::start(KeySet keys) {
   keys_ = std::move(keys);
-  rowStatement_ = std::move(row);
   updateStatement_.reset();
   rowPlace_ = nowhere;
   searched_.clear();
-  setFields(std::move(infos));
 }
 
-void Dynaset::reopen(const Translation& translation) {
-  auto query =
-      translation.select ? KeyQuery::of(*translation.select, database().driver().facts()) : std::nullopt;
+void Dynaset::reopen() {
+  if (plan_->stillGood(database().catalog())) return start(readKeys(*plan_));
+  const Translation translation = database().translated(sql());
+  auto query = KeyQuery::of(*translation.select, database().driver().facts());
   if (!query) throw databaseFailure(dao::failure::readOnly);
-  load(std::move(*query));
+  load(DynasetPlan::make(std::move(*query), database().driver(), database().catalog()));
 }
 
 void Dynaset::forget() {
-  rowStatement_.reset();
+  if (plan_) database().plans().put(sql(), std::move(plan_));
   updateStatement_.reset();
   keys_ = KeySet();
   row_ = {};
@@ -67,8 +66,8 @@ bool Dynaset::readRow(Place place) {
   rowPlace_ = nowhere;
   rowVersion_ = database().driver().dataVersion();
   row_.clear();
-  rowStatement_->bind(keysAt(place));
-  rowThere_ = rowStatement_->readFirst(row_);
+  plan_->row->bind(keysAt(place));
+  rowThere_ = plan_->row->readFirst(row_);
   rowPlace_ = place;
   return rowThere_;
 }
@@ -151,7 +150,7 @@ Text Dynaset::written(TextView name) const { return writtenName(name, database()
 
 Statement& Dynaset::updateStatement(const std::vector<std::size_t>& changed) {
   const TextView parameter = database().driver().facts().parameter;
-  const TableInfo& table = query_.baseTable();
+  const TableInfo& table = query().baseTable();
   Text sql = u"UPDATE " + written(table.name) + u" SET ";
   std::int64_t number = 0;
   for (const std::size_t field : changed) {
@@ -196,7 +195,7 @@ void Dynaset::Delete() {
   needRow();
   dropEdit();
   if (database().driver().readOnly()) throw databaseFailure(dao::failure::readOnly);
-  const TableInfo& table = query_.baseTable();
+  const TableInfo& table = query().baseTable();
   const auto statement =
       database().driver().prepare(u"DELETE FROM " + written(table.name) + u" WHERE " + written(table.key) +
                                       u" = " + Text(database().driver().facts().parameter) + u"1",
@@ -212,10 +211,10 @@ void Dynaset::Delete() {
 
 BaseRecordset::Place Dynaset::search(TextView criterion, Place from, Direction direction) {
   const Criterion condition =
-      translateCriterion(criterion, query_.shape, database().catalog(), database().driver().facts());
+      translateCriterion(criterion, query().shape, database().catalog(), database().driver().facts());
   if (rows() == 0) return nowhere;
   if (condition.onlyColumn && keys_.width() == 1 &&
-      query_.isBaseKey(query_.shape.outputs[*condition.onlyColumn]))
+      query().isBaseKey(query().shape.outputs[*condition.onlyColumn]))
     return searchKey(condition.onlyNumber, from, direction);
   const PlaceSet& places = matches(criterion, condition);
   return direction == Direction::Forward ? places.atOrAfter(from)
@@ -237,7 +236,7 @@ const PlaceSet& Dynaset::matches(TextView criterion, const Criterion& condition)
   if (searched_ == criterion && searchedVersion_ == version && !searched_.empty()) return found_;
   searched_.clear();
   KeySet met(keys_.width());
-  driver.prepare(query_.matchesSql(condition.sql), StatementKind::Criterion)->readKeys(met);
+  driver.prepare(query().matchesSql(condition.sql), StatementKind::Criterion)->readKeys(met);
   std::vector<std::uint32_t> places;
   std::vector<std::int64_t> keys(met.width());
   for (std::size_t row = 0; row < met.size(); ++row) {

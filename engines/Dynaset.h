@@ -1,7 +1,7 @@
 #pragma once
 
 #include "engines/BaseRecordset.h"
-#include "engines/KeyQuery.h"
+#include "engines/DynasetPlan.h"
 #include "engines/PlaceSet.h"
 
 namespace ovalia::engines {
@@ -10,7 +10,8 @@ namespace ovalia::engines {
 // key.
 class Dynaset : public BaseRecordset {
  public:
-  Dynaset(std::shared_ptr<Database> database, Text sql, KeyQuery query);
+  Dynaset(std::shared_ptr<Database> database, Text sql, std::unique_ptr<DynasetPlan> plan);
+  ~Dynaset() override;
 
   void Edit() override;
   void Update(int type, bool force) override;
@@ -24,7 +25,7 @@ class Dynaset : public BaseRecordset {
   Place rows() const override { return static_cast<Place>(keys_.size()); }
   void arrive() override;
   void dropEdit() override;
-  void reopen(const Translation& translation) override;
+  void reopen() override;
   void forget() override;
   Place search(TextView criterion, Place from, Direction direction) override;
   Text nameOf(Place place) const override;
@@ -36,7 +37,9 @@ class Dynaset : public BaseRecordset {
  private:
   static constexpr Place nowhere = -1;
 
-  void load(KeyQuery query);
+  void load(std::unique_ptr<DynasetPlan> plan);
+  static KeySet readKeys(DynasetPlan& plan);
+  void start(KeySet keys);
   void freshRow();            // reads the current row unless it is at hand as it stands now: 3167
   bool readRow(Place place);  // false when it is gone
   std::vector<Stored> keysAt(Place place) const;
@@ -46,9 +49,10 @@ class Dynaset : public BaseRecordset {
   std::vector<std::size_t> changedFields() const;
   Text written(TextView name) const;
 
-  KeyQuery query_;
+  const KeyQuery& query() const { return plan_->query; }
+
+  std::unique_ptr<DynasetPlan> plan_;
   KeySet keys_;
-  std::unique_ptr<Statement> rowStatement_;
 
   Rows row_;
   Place rowPlace_ = nowhere;  // of the row at hand

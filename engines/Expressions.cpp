@@ -298,7 +298,7 @@ Operand SentenceTranslator::columnName(const Scope& scope, std::size_t end) {
     for (const Scope* around = &scope; around; around = around->outer) {
       const auto table = around->tableNamed(token.value);
       if (!table) continue;
-      const SourceTable& source = around->tables[*table];
+      const SourceTable& source = around->shape.tables[*table];
       spell(result.first, source.alias);
       if (!source.definition) break;
       for (const ColumnInfo& column : source.definition->columns) {
@@ -324,7 +324,7 @@ Operand SentenceTranslator::columnName(const Scope& scope, std::size_t end) {
     if (column) {
       spell(result.first, column->column->name);
       if (column->several)
-        sentence_.before(result.first, writtenName(around->tables[column->table].alias, facts_) + u".");
+        sentence_.before(result.first, writtenName(around->shape.tables[column->table].alias, facts_) + u".");
       if (column->column->type) result.type = column->column->type->type;
       if (around == &scope) result.column = column;
       return result;

@@ -1,5 +1,6 @@
 #include "engines/KeySet.h"
 
+#include <algorithm>
 #include <array>
 
 namespace ovalia::engines {
@@ -104,16 +105,43 @@ bool KeySet::matches(std::size_t position, std::span<const std::int64_t> keys) c
   return true;
 }
 
-std::optional<std::size_t> KeySet::find(std::span<const std::int64_t> keys) const {
-  if (order_ == Order::Unknown) learnOrder();
+// Numbers given out one after the other lie evenly, so a proportional guess is nearly right; what is left
+// over is halved.
+std::size_t KeySet::firstNotBelow(std::int64_t wanted) const {
+  constexpr int guesses = 4;
+  constexpr std::size_t margin = 8;
   std::size_t low = 0, high = size();
+  for (int guess = 0; guess < guesses && high - low > 4 * margin; ++guess) {
+    const std::int64_t first = key(ranked(low)), last = key(ranked(high - 1));
+    if (wanted <= first || wanted > last) break;
+    const double share = (static_cast<double>(wanted) - static_cast<double>(first)) /
+                         (static_cast<double>(last) - static_cast<double>(first));
+    const std::size_t at = low + static_cast<std::size_t>(share * static_cast<double>(high - 1 - low));
+    const std::size_t below = at > low + margin ? at - margin : low;
+    const std::size_t above = std::min(at + margin, high - 1);
+    if (key(ranked(above)) < wanted) {
+      low = above + 1;
+    } else {
+      high = above + 1;
+      if (key(ranked(below)) < wanted)
+        low = below + 1;
+      else
+        high = below + 1;
+    }
+  }
   while (low < high) {
     const std::size_t middle = low + (high - low) / 2;
-    if (key(ranked(middle)) < keys.front())
+    if (key(ranked(middle)) < wanted)
       low = middle + 1;
     else
       high = middle;
   }
+  return low;
+}
+
+std::optional<std::size_t> KeySet::find(std::span<const std::int64_t> keys) const {
+  if (order_ == Order::Unknown) learnOrder();
+  std::size_t low = firstNotBelow(keys.front());
   std::optional<std::size_t> lowest;
   for (; low < size() && key(ranked(low)) == keys.front(); ++low)
     if (matches(ranked(low), keys) && (!lowest || ranked(low) < *lowest)) lowest = ranked(low);

@@ -63,7 +63,8 @@ class KeySet {
   enum class Order { Unknown, Rising, Falling, Mixed };
   void learnOrder() const;
   void buildIndex() const;
-  std::size_t ranked(std::size_t rank) const;
+  std::size_t ranked(std::size_t rank) const;            // the position with the rank in key order
+  std::size_t firstNotBelow(std::int64_t wanted) const;  // the rank of the first key that is not below
   bool matches(std::size_t position, std::span<const std::int64_t> keys) const;
 
   std::vector<PackedNumbers> columns_;

@@ -1,6 +1,5 @@
 #include "engines/RecordFields.h"
 
-#include <algorithm>
 #include <array>
 
 #include "engines/Names.h"
@@ -22,9 +21,9 @@ constexpr std::array typesOfValues{
 
 }  // namespace
 
-RecordFields::RecordFields(FieldOwner& owner, std::vector<FieldInfo> infos) : owner_(owner) {
-  fields_.reserve(infos.size());
-  for (FieldInfo& info : infos) fields_.emplace_back(owner, fields_.size(), std::move(info));
+RecordFields::RecordFields(FieldOwner& owner, FieldInfos infos) : owner_(owner), infos_(std::move(infos)) {
+  fields_.reserve(infos_->size());
+  for (const FieldInfo& info : *infos_) fields_.emplace_back(owner, fields_.size(), info);
 }
 
 std::shared_ptr<dao::Field> RecordFields::at(std::size_t position) {
@@ -43,20 +42,15 @@ std::shared_ptr<dao::Field> RecordFields::item(TextView name) {
 
 bool RecordFields::contains(TextView name) { return position(name).has_value(); }
 
-bool RecordFields::describes(const std::vector<FieldInfo>& infos) const {
-  return std::equal(fields_.begin(), fields_.end(), infos.begin(), infos.end(),
-                    [](const Field& field, const FieldInfo& info) { return field.info == info; });
-}
-
 std::optional<std::size_t> RecordFields::position(TextView name) const {
-  for (std::size_t i = 0; i < fields_.size(); ++i)
-    if (sameColumn(fields_[i].info.name, name)) return i;
+  for (std::size_t i = 0; i < infos_->size(); ++i)
+    if (sameColumn((*infos_)[i].name, name)) return i;
   return std::nullopt;
 }
 
 // An expression has the type of its present value.
 dao::DataType RecordFields::Field::Type() const {
-  if (info.type) return info.type->type;
+  if (info_.type) return info_.type->type;
   try {
     const VarType value = Value().type();
     for (const TypeOfValue& row : typesOfValues)

@@ -17,6 +17,8 @@ struct FieldInfo {
   friend bool operator==(const FieldInfo&, const FieldInfo&) = default;
 };
 
+using FieldInfos = std::shared_ptr<const std::vector<FieldInfo>>;
+
 // What a field asks of the recordset or the definition that it belongs to.
 class FieldOwner {
  public:
@@ -31,16 +33,16 @@ class FieldOwner {
 // The fields of an owner, which outlives them: each reference to a field keeps it alive.
 class RecordFields : public dao::Fields {
  public:
-  RecordFields(FieldOwner& owner, std::vector<FieldInfo> infos);
+  RecordFields(FieldOwner& owner, FieldInfos infos);
 
   std::size_t count() const override { return fields_.size(); }
   std::shared_ptr<dao::Field> at(std::size_t position) override;
   std::shared_ptr<dao::Field> item(TextView name) override;
   bool contains(TextView name) override;
 
-  const FieldInfo& info(std::size_t position) const { return fields_[position].info; }
+  const FieldInfo& info(std::size_t position) const { return (*infos_)[position]; }
 
-  bool describes(const std::vector<FieldInfo>& infos) const;
+  bool describes(const FieldInfos& infos) const { return infos_ == infos || *infos_ == *infos; }
 
   // The position of a name; nothing where there is none. The first of several.
   std::optional<std::size_t> position(TextView name) const;
@@ -48,25 +50,25 @@ class RecordFields : public dao::Fields {
  private:
   class Field : public dao::Field {
    public:
-    Field(FieldOwner& owner, std::size_t position, FieldInfo about)
-        : info(std::move(about)), owner_(owner), position_(position) {}
+    Field(FieldOwner& owner, std::size_t position, const FieldInfo& info)
+        : info_(info), owner_(owner), position_(position) {}
 
-    Text Name() const override { return info.name; }
-    Text SourceTable() const override { return info.table; }
+    Text Name() const override { return info_.name; }
+    Text SourceTable() const override { return info_.table; }
     dao::DataType Type() const override;
-    std::int32_t Attributes() const override { return info.autoIncrement ? dao::dbAutoIncrField : 0; }
+    std::int32_t Attributes() const override { return info_.autoIncrement ? dao::dbAutoIncrField : 0; }
     Variant Value() const override { return owner_.fieldValue(position_); }
     void setValue(const Variant& value) override { owner_.setFieldValue(position_, value); }
     std::shared_ptr<dao::Database> database() const override { return owner_.fieldDatabase(); }
 
-    FieldInfo info;
-
    private:
+    const FieldInfo& info_;
     FieldOwner& owner_;
     std::size_t position_;
   };
 
   FieldOwner& owner_;
+  FieldInfos infos_;
   std::vector<Field> fields_;
 };
 

@@ -11,11 +11,12 @@ struct ResolvedColumn {
   bool several = false;  // further tables have it too: it means the leftmost one's
 };
 
+// The tables and outputs of a select are those of its shape, which may still grow.
 struct Scope {
-  std::vector<SourceTable> tables;
-  std::vector<OutputColumn> outputs;  // names that stand for expressions
-  bool outputsFirst = false;          // a criterion: an output's name goes before a table's column
-  const Scope* outer = nullptr;       // around a subquery
+  const SelectShape& shape;
+  const Scope* outer = nullptr;  // around a subquery
+  bool outputs = false;          // a name may stand for an output's expression
+  bool outputsFirst = false;     // a criterion: an output's name goes before a table's column
 
   // The table that a qualifier names.
   std::optional<std::size_t> tableNamed(TextView qualifier) const;

@@ -44,8 +44,7 @@ SelectShape SentenceTranslator::select(std::size_t begin, std::size_t end, const
   const std::size_t from = find(begin, where, {u"FROM"});
   const std::size_t bodyEnd = std::min({where, grouped, having, order, limit, next});
 
-  Scope scope;
-  scope.outer = outer;
+  Scope scope{shape, outer};
   const bool outerAggregate = std::exchange(aggregate_, false);
   std::vector<JoinedColumns>* const outerJoins = std::exchange(joins_, nullptr);
 
@@ -70,7 +69,7 @@ SelectShape SentenceTranslator::select(std::size_t begin, std::size_t end, const
   shape.rowsOfTables = shape.rowsOfTables && !aggregate_;
   shape.items = sentence_.text(first, from);
   if (from < bodyEnd) shape.from = sentence_.text(from + 1, bodyEnd);
-  scope.outputs = shape.outputs;
+  scope.outputs = true;
   if (where < next) {
     const std::size_t whereEnd = std::min({grouped, having, order, limit, next});
     at_ = where + 1;
@@ -96,7 +95,6 @@ SelectShape SentenceTranslator::select(std::size_t begin, std::size_t end, const
   } else if (!shape.limit.empty() && next > begin) {
     sentence_.after(next - 1, shape.limit);
   }
-  shape.tables = std::move(scope.tables);
   aggregate_ = outerAggregate;
   joins_ = outerJoins;
   if (after < end) {
@@ -108,7 +106,8 @@ SelectShape SentenceTranslator::select(std::size_t begin, std::size_t end, const
 }
 
 // Tables first, then the conditions, since a condition may name a table that stands further right.
-void SentenceTranslator::fromClause(std::size_t begin, std::size_t end, Scope& scope, SelectShape& shape) {
+void SentenceTranslator::fromClause(std::size_t begin, std::size_t end, const Scope& scope,
+                                    SelectShape& shape) {
   struct Range {
     std::size_t begin, end;
   };
@@ -129,7 +128,7 @@ void SentenceTranslator::fromClause(std::size_t begin, std::size_t end, Scope& s
       Text alias;
       if (i + 1 < end && sentence_[i + 1].name() && !isOne(sentence_[i + 1], joinWords))
         alias = sentence_[++i].value;
-      scope.tables.push_back({u"", alias, derived});
+      shape.tables.push_back({u"", alias, derived});
       expectsTable = false;
     } else if (token.is(u"ON")) {
       std::size_t stop = i + 1;
@@ -161,7 +160,7 @@ void SentenceTranslator::fromClause(std::size_t begin, std::size_t end, Scope& s
       } else if (definition) {
         table.alias = definition->name;
       }
-      scope.tables.push_back(std::move(table));
+      shape.tables.push_back(std::move(table));
       expectsTable = false;
     }
   }
@@ -176,15 +175,15 @@ void SentenceTranslator::fromClause(std::size_t begin, std::size_t end, Scope& s
   joins_ = nullptr;
 }
 
-void SentenceTranslator::items(std::size_t begin, std::size_t end, Scope& scope, SelectShape& shape) {
+void SentenceTranslator::items(std::size_t begin, std::size_t end, const Scope& scope, SelectShape& shape) {
   list(begin, end, [&](std::size_t first, std::size_t last) {
     if (first == last) return;
-    if (sentence_[first].symbol(u"*")) return star(scope.tables.size(), scope, shape);
+    if (sentence_[first].symbol(u"*")) return star(shape.tables.size(), shape);
     if (last - first == 3 && sentence_[last - 1].symbol(u"*")) {
       const auto table = scope.tableNamed(sentence_[first].value);
-      if (table) spell(first, scope.tables[*table].alias);
+      if (table) spell(first, shape.tables[*table].alias);
       sentence_.replace(first + 1, u".");
-      return star(table.value_or(scope.tables.size() + 1), scope, shape);
+      return star(table.value_or(shape.tables.size() + 1), shape);
     }
     at_ = first;
     Operand value = expression(scope, last, 1);
@@ -212,10 +211,10 @@ void SentenceTranslator::items(std::size_t begin, std::size_t end, Scope& scope,
 }
 
 // Columns of all tables, or of one where `only` is its position.
-void SentenceTranslator::star(std::size_t only, const Scope& scope, SelectShape& shape) const {
-  for (std::size_t table = 0; table < scope.tables.size(); ++table) {
-    const SourceTable& source = scope.tables[table];
-    if ((only != scope.tables.size() && only != table) || !source.definition) continue;
+void SentenceTranslator::star(std::size_t only, SelectShape& shape) const {
+  for (std::size_t table = 0; table < shape.tables.size(); ++table) {
+    const SourceTable& source = shape.tables[table];
+    if ((only != shape.tables.size() && only != table) || !source.definition) continue;
     for (const ColumnInfo& column : source.definition->columns) {
       OutputColumn output;
       output.name = output.column = column.name;

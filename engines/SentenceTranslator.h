@@ -57,10 +57,10 @@ class SentenceTranslator {
 
   // Selects.cpp
   SelectShape select(std::size_t begin, std::size_t end, const Scope* outer);
-  void fromClause(std::size_t begin, std::size_t end, Scope& scope, SelectShape& shape);
-  void items(std::size_t begin, std::size_t end, Scope& scope, SelectShape& shape);
+  void fromClause(std::size_t begin, std::size_t end, const Scope& scope, SelectShape& shape);
+  void items(std::size_t begin, std::size_t end, const Scope& scope, SelectShape& shape);
   void orderTerms(std::size_t begin, std::size_t end, const Scope& scope, SelectShape& shape, bool sorts);
-  void star(std::size_t only, const Scope& scope, SelectShape& shape) const;
+  void star(std::size_t only, SelectShape& shape) const;
   void noteJoin(const Operand& left, const Operand& right);
 
   // Statements.cpp
@@ -69,7 +69,7 @@ class SentenceTranslator {
   void erase(Translation& result);
   void values(std::size_t begin, std::size_t end, const std::vector<const ColumnInfo*>& columns,
               const Scope& scope);
-  Scope writtenTable(std::size_t at);
+  SelectShape writtenTable(std::size_t at);
   void spell(std::size_t at, TextView name);
 
   std::size_t closing(std::size_t open) const;  // of a parenthesis; the end where it has none

@@ -3,47 +3,26 @@
 #include <algorithm>
 #include <charconv>
 
-#include "engines/Names.h"
+#include "engines/ResultFields.h"
 
 namespace ovalia::engines {
 
-std::vector<FieldInfo> fieldsOf(const std::vector<ResultColumn>& columns, const SelectShape* shape,
-                                Catalog& catalog) {
-  const bool matches = shape && shape->outputs.size() == columns.size();
-  std::vector<FieldInfo> all;
-  for (std::size_t i = 0; i < columns.size(); ++i) {
-    const ResultColumn& column = columns[i];
-    FieldInfo info{column.name, column.table, column.column, std::nullopt, false, false};
-    if (matches && !shape->outputs[i].name.empty()) info.name = shape->outputs[i].name;
-    if (const auto table = column.table.empty() ? nullptr : catalog.table(column.table)) {
-      for (const ColumnInfo& known : table->columns) {
-        if (!sameColumn(known.name, column.column)) continue;
-        info.type = known.type;
-        info.autoIncrement = known.autoIncrement;
-        break;
-      }
-    } else if (matches && shape->outputs[i].type) {
-      info.type = ColumnType{*shape->outputs[i].type, 0};
-    }
-    all.push_back(std::move(info));
-  }
-  return all;
-}
-
 Snapshot::Snapshot(std::shared_ptr<Database> database, Text sql, const Translation& translation)
     : BaseRecordset(std::move(database), std::move(sql)) {
-  reopen(translation);
+  read(translation);
 }
 
-void Snapshot::reopen(const Translation& translation) {
+void Snapshot::reopen() { read(database().translated(sql())); }
+
+void Snapshot::read(const Translation& translation) {
   const auto statement = database().driver().prepare(translation.sql, StatementKind::Select);
-  auto infos = fieldsOf(statement->columns(), translation.select ? &*translation.select : nullptr,
-                        database().catalog());
+  auto infos = resultFields(statement->columns(), translation.select ? &*translation.select : nullptr,
+                            database().catalog());
   Rows fresh;
   statement->readAll(fresh);
   rows_ = std::move(fresh);
   columns_ = infos.size();
-  setFields(std::move(infos));
+  setFields(std::make_shared<const std::vector<FieldInfo>>(std::move(infos)));
 }
 
 BaseRecordset::Place Snapshot::rows() const {

@@ -20,7 +20,7 @@ class Snapshot : public BaseRecordset {
   Place rows() const override;
   void arrive() override {}
   void dropEdit() override {}
-  void reopen(const Translation& translation) override;
+  void reopen() override;
   void forget() override { rows_ = {}; }
   Place search(TextView criterion, Place from, Direction direction) override;
   Text nameOf(Place place) const override;
@@ -30,14 +30,11 @@ class Snapshot : public BaseRecordset {
   void setFieldValue(std::size_t position, const Variant& value) override;
 
  private:
+  void read(const Translation& translation);
   const Rows::Cell& cell(Place row, std::size_t column) const;
 
   Rows rows_;
   std::size_t columns_ = 0;
 };
-
-// What is known of a result's columns: from the tables they come from, else as the translation saw them.
-std::vector<FieldInfo> fieldsOf(const std::vector<ResultColumn>& columns, const SelectShape* shape,
-                                Catalog& catalog);
 
 }  // namespace ovalia::engines

@@ -3,26 +3,27 @@
 
 namespace ovalia::engines {
 
-// The scope of the one table that a statement writes, named by the token.
-Scope SentenceTranslator::writtenTable(std::size_t at) {
-  Scope scope;
-  if (at >= sentence_.size() || !sentence_[at].name()) return scope;
+// The one table that a statement writes, named by the token.
+SelectShape SentenceTranslator::writtenTable(std::size_t at) {
+  SelectShape written;
+  if (at >= sentence_.size() || !sentence_[at].name()) return written;
   const auto definition = catalog_.table(sentence_[at].value);
-  scope.tables.push_back(
+  written.tables.push_back(
       {sentence_[at].value, definition ? definition->name : sentence_[at].value, definition});
   if (definition) spell(at, definition->name);
-  return scope;
+  return written;
 }
 
 void SentenceTranslator::insert(Translation& result) {
   const std::size_t end = sentence_.size();
   std::size_t at = 1;
   if (at < end && sentence_[at].is(u"INTO")) ++at;
-  const Scope scope = writtenTable(at);
-  const bool known = !scope.tables.empty() && scope.tables[0].definition;
+  const SelectShape written = writtenTable(at);
+  const Scope scope{written};
+  const bool known = !written.tables.empty() && written.tables[0].definition;
   std::vector<const ColumnInfo*> columns;
   if (known)
-    for (const ColumnInfo& column : scope.tables[0].definition->columns) columns.push_back(&column);
+    for (const ColumnInfo& column : written.tables[0].definition->columns) columns.push_back(&column);
   ++at;
   if (at < end && sentence_[at].symbol(u"(")) {
     columns.clear();
@@ -40,7 +41,7 @@ void SentenceTranslator::insert(Translation& result) {
     for (++at; at < end; ++at) {
       if (!sentence_[at].symbol(u"(")) continue;
       const std::size_t close = std::min(closing(at), end);
-      values(at + 1, close, columns, Scope{});
+      values(at + 1, close, columns, Scope{SelectShape()});
       at = close;
     }
   } else if (sentence_[at].is(u"SELECT")) {
@@ -67,7 +68,8 @@ void SentenceTranslator::values(std::size_t begin, std::size_t end,
 
 void SentenceTranslator::update(Translation&) {
   const std::size_t end = sentence_.size();
-  const Scope scope = writtenTable(1);
+  const SelectShape written = writtenTable(1);
+  const Scope scope{written};
   const std::size_t set = find(1, end, {u"SET"});
   if (set == end) return;
   const std::size_t where = find(set, end, {u"WHERE"});
@@ -93,7 +95,8 @@ void SentenceTranslator::erase(Translation&) {
   const std::size_t from = find(1, end, {u"FROM"});
   if (from == end) return;
   if (from > 1 && sentence_[from - 1].symbol(u"*")) sentence_.drop(1, from);
-  const Scope scope = writtenTable(from + 1);
+  const SelectShape written = writtenTable(from + 1);
+  const Scope scope{written};
   const std::size_t where = find(from, end, {u"WHERE"});
   at_ = std::min(where + 1, end);
   all(scope, end);

@@ -3,11 +3,11 @@
 namespace ovalia::engines {
 namespace {
 
-std::vector<FieldInfo> fieldsOf(const TableInfo& table) {
+FieldInfos fieldsOf(const TableInfo& table) {
   std::vector<FieldInfo> infos;
   for (const ColumnInfo& column : table.columns)
     infos.push_back({column.name, table.name, column.name, column.type, column.autoIncrement, false});
-  return infos;
+  return std::make_shared<const std::vector<FieldInfo>>(std::move(infos));
 }
 
 }  // namespace

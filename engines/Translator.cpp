@@ -28,6 +28,31 @@ bool namesTable(TextView sql) {
   return !sql.empty() && !isTranslated(sql) && std::all_of(sql.begin(), sql.end(), wordCharacter);
 }
 
+bool isWhole(std::optional<dao::DataType> type) {
+  return type && *type >= dao::dbByte && *type <= dao::dbLong;
+}
+
+// "column = number", which most searches are.
+std::optional<Criterion> numberOfColumn(const Sentence& sentence, const SelectShape& select) {
+  if (sentence.size() != 3 || !sentence[0].name() || !sentence[1].symbol(u"=") ||
+      sentence[2].kind != Token::Kind::Number)
+    return std::nullopt;
+  const Scope scope{select, nullptr, true, true};
+  const OutputColumn* const output = scope.output(sentence[0].value);
+  if (!output || !output->table || !isWhole(output->type)) return std::nullopt;
+  Criterion result;
+  result.onlyColumn = static_cast<std::size_t>(output - select.outputs.data());
+  constexpr std::size_t safeDigits = 18;
+  const Text& digits = sentence[2].value;
+  if (digits.size() > safeDigits) return std::nullopt;
+  for (const char16_t c : digits) {
+    if (c < u'0' || c > u'9') return std::nullopt;
+    result.onlyNumber = result.onlyNumber * 10 + (c - u'0');
+  }
+  result.sql = output->sql + u" = " + digits;
+  return result;
+}
+
 }  // namespace
 
 SentenceTranslator::SentenceTranslator(Sentence& sentence, Catalog& catalog)
@@ -70,24 +95,12 @@ Translation SentenceTranslator::statement() {
 }
 
 Criterion SentenceTranslator::criterion(const SelectShape& select) {
-  Scope scope;
-  scope.tables = select.tables;
-  scope.outputs = select.outputs;
-  scope.outputsFirst = true;
+  const Scope scope{select, nullptr, true, true};
   const std::size_t end = sentence_.size();
   all(scope, end);
   Criterion result;
   result.sql = sentence_.text(0, end);
   if (result.sql.empty()) throw databaseFailure(dao::failure::criterionSyntax);
-  if (end != 3 || !sentence_[0].name() || !sentence_[1].symbol(u"=") ||
-      sentence_[2].kind != Token::Kind::Number)
-    return result;
-  const OutputColumn* output = scope.output(sentence_[0].value);
-  const std::string digits = toUtf8(sentence_[2].value);
-  if (!output || digits.size() > 18 || digits.find_first_not_of("0123456789") != std::string::npos)
-    return result;
-  result.onlyColumn = static_cast<std::size_t>(output - scope.outputs.data());
-  result.onlyNumber = std::stoll(digits);
   return result;
 }
 
@@ -106,6 +119,7 @@ Criterion translateCriterion(TextView criterion, const SelectShape& select, Cata
                              const DialectFacts& facts) {
   try {
     Sentence sentence(criterion, facts);
+    if (auto simple = numberOfColumn(sentence, select)) return std::move(*simple);
     return SentenceTranslator(sentence, catalog).criterion(select);
   } catch (const Failure& failure) {
     if (failure.number() != dao::failure::syntax) throw;

@@ -86,18 +86,23 @@ Variant MemberTable::call(TextView member, Arguments arguments) {
   return run(arguments);
 }
 
+// These hold the object: a callee may drop what was the last reference to it.
+
 Variant getMember(const ObjectRef& object, TextView member, std::initializer_list<Variant> arguments) {
+  const ObjectRef held = object;
   std::vector<Variant> copies(arguments);
-  return deref(object).get(member, copies);
+  return deref(held).get(member, copies);
 }
 
 void putMember(const ObjectRef& object, TextView member, const Variant& value) {
-  deref(object).put(member, value);
+  const ObjectRef held = object;
+  deref(held).put(member, value);
 }
 
 Variant callMember(const ObjectRef& object, TextView member, std::initializer_list<Variant> arguments) {
+  const ObjectRef held = object;
   std::vector<Variant> copies(arguments);
-  return deref(object).call(member, copies);
+  return deref(held).call(member, copies);
 }
 
 }  // namespace ovalia

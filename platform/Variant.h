@@ -121,7 +121,8 @@ Text join(const Parts&... parts) {
 // sign, an exponent and &H / &O are read, anything else ends it; 0 when there is no number.
 double val(TextView text);
 
-// Conveniences over late binding; arguments are passed as copies.
+// Conveniences over late binding; arguments are passed as copies, and the object lives at least until its
+// member has ended.
 Variant getMember(const ObjectRef& object, TextView member, std::initializer_list<Variant> arguments = {});
 void putMember(const ObjectRef& object, TextView member, const Variant& value);
 Variant callMember(const ObjectRef& object, TextView member, std::initializer_list<Variant> arguments = {});

@@ -36,7 +36,7 @@ bool VerListadoSimple(Text valor, Text& resultado, TextView tabla, TextView sql,
                       const Variant& campoValor, bool usarCampoValor, TextView campo, bool opNuevo,
                       bool opBorrar, bool opModificar, std::int16_t anchura, std::int32_t idSolicitud,
                       TextView titulo, bool opTodos) {
-  return procedure(u"VerListadoSimple de RutinasErr", false, [&](bool& chosen) {
+  return procedure(u"VerListadoSimple de RutinasErr", false, [&](bool& result) {
     ModuleValues& module = moduleValues();
     const ObjectRef list = CrearObjeto(u"Trivane.CTrivane");
     putMember(list, u"TipoLista", 0);
@@ -62,10 +62,11 @@ bool VerListadoSimple(Text valor, Text& resultado, TextView tabla, TextView sql,
 
     const bool before = module.MensajeEnCurso;
     module.MensajeEnCurso = true;
-    chosen = callMember(list, u"mtdMostrar").toBoolean();
+    const bool chosen = callMember(list, u"mtdMostrar").toBoolean();
     module.MensajeEnCurso = before;
 
     resultado = chosen ? getMember(list, u"Seleccionar").text() : valor;
+    result = chosen;
     nuevo = getMember(list, u"NuevoElemento").text();
   });
 }

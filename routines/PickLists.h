@@ -18,8 +18,8 @@ void CargarListaCampo(dao::Database& db, const dao::Field& campo, const ObjectRe
 // Opens the pick list "Trivane.CTrivane" over a table of `cgDB`, modally; whether the user chose. `resultado`
 // is then the choice, else `valor`; `nuevo` is the new element that the window knows. The title is the
 // table's name unless `titulo` gives one; `campoValor` and `sql` are handed on only with `usarCampoValor` and
-// when not empty. A failure is reported as "VerListadoSimple de RutinasErr" and gives false, the outputs as
-// they were.
+// when not empty. A failure is reported as "VerListadoSimple de RutinasErr"; until the choice has been read
+// it gives false and leaves the outputs as they were.
 bool VerListadoSimple(Text valor, Text& resultado, TextView tabla, TextView sql, Text& nuevo,
                       const Variant& campoValor, bool usarCampoValor, TextView campo, bool opNuevo,
                       bool opBorrar, bool opModificar, std::int16_t anchura, std::int32_t idSolicitud,

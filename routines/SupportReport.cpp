@@ -100,7 +100,8 @@ void VolcarSystemaTxt() {
     file.print(u" ");
     const Text local = here.settings->get(here.app.title, u"Settings", u"Directorio", u"");
     file.print(join(u"directorioLocal: ", local));
-    VolcarDirectorio(local + u"\\comun\\librerias", file);
+    // The setting is the host's and may be in the system's form.
+    VolcarDirectorio(logicPath(local) + u"\\comun\\librerias", file);
   });
 }
 

@@ -1,6 +1,6 @@
 #include "routines/SystemHelpers.h"
 
-#include <algorithm>
+#include <optional>
 
 #include "platform/Platform.h"
 #include "platform/Variant.h"
@@ -54,8 +54,9 @@ Text MirarVersionOS() {
 
 Text VersionFichero(TextView ruta) {
   return procedure(u"VersionFichero() de RutinasErr", Text{}, [&](Text& result) {
-    if (const auto version = Platform::current().shell->fileVersion(ruta))
-      result = join(version->major, u".", version->minor, u".", version->build);
+    std::optional<Shell::FileVersion> version;
+    resumeNext([&] { version = Platform::current().shell->fileVersion(ruta); });
+    if (version) result = join(version->major, u".", version->minor, u".", version->build);
   });
 }
 

@@ -19,7 +19,8 @@ ObjectRef CrearObjeto(TextView clase);
 // The system's line, its version numbers and its service pack, in three lines.
 Text MirarVersionOS();
 
-// The first three numbers of a file's version; "" for a file that has none.
+// The first three numbers of a file's version; "" without a report for a file that has none or that cannot be
+// read.
 Text VersionFichero(TextView ruta);
 
 }  // namespace ovalia

@@ -106,10 +106,10 @@ void copyContents(const Descriptor& source, Descriptor& target) {
   target.finish();
 }
 
-// Opens what is to be copied: a plain file.
+// Opens what is to be copied: a plain file. Nothing is waited for: a pipe would hold the user up for ever.
 class Source : public Descriptor {
  public:
-  explicit Source(const std::string& from) : Descriptor(from, O_RDONLY) {
+  explicit Source(const std::string& from) : Descriptor(from, O_RDONLY | O_NONBLOCK) {
     if (!S_ISREG(status().st_mode)) throw failureOf(EISDIR, fromUtf8(from));
   }
 };

@@ -32,9 +32,27 @@ Files::Entry entryOf(const DiskName& name, const std::string& folder) {
   return {name.text, attributesOf(status), localTime(status.st_mtime)};
 }
 
+// Whether others may write into a folder too.
+bool isShared(const std::string& folder) {
+  struct stat status;
+  return stat(folder.c_str(), &status) == 0 && (status.st_uid != geteuid() || (status.st_mode & S_IWOTH));
+}
+
+// This user's own folder inside one of all users, where nobody else reads the log and the pictures of the
+// screen or has laid a link. 70 where the place is taken.
+std::string privateFolder(const std::filesystem::path& shared) {
+  const std::string own = shared / ("ovalia-" + std::to_string(geteuid()));
+  struct stat status;
+  if (mkdir(own.c_str(), S_IRWXU) != 0 && errno != EEXIST) throw failureOf(errno, fromUtf8(own));
+  if (lstat(own.c_str(), &status) != 0) throw failureOf(errno, fromUtf8(own));
+  if (!S_ISDIR(status.st_mode) || status.st_uid != geteuid()) throw failureOf(EACCES, fromUtf8(own));
+  return own;
+}
+
 }  // namespace
 
 Text FileSystem::firstMatch(TextView pathOrMask) {
+  checkPath(pathOrMask);
   const SplitPath split = splitPath(pathOrMask, true);
   const auto folder = locate(split.folder);
   if (!folder || !isFolder(*folder)) return {};
@@ -93,7 +111,9 @@ Text FileSystem::temporaryFolder() {
   std::error_code error;
   std::filesystem::path folder = std::filesystem::temp_directory_path(error);
   if (error) folder = "/tmp";
-  Text path = logicPath(fromUtf8(std::filesystem::absolute(folder, error).string()));
+  folder = std::filesystem::absolute(folder, error);
+  if (isShared(folder)) folder = privateFolder(folder);
+  Text path = logicPath(fromUtf8(folder.string()));
   if (!path.ends_with(u'\\')) path += u'\\';
   return path;
 }

@@ -17,8 +17,11 @@ class FileSystem : public Files {
   void remove(TextView path) override;
   void append(TextView path, TextView text) override;
   void write(TextView path, TextView text) override;
-  int driveType(
-      TextView root) override;  // 3, a disk, where the folder exists; 1, nothing there, for any other
+
+  // 3, a disk, where the folder exists; 1, nothing there, for any other.
+  int driveType(TextView root) override;
+
+  // The system's where it is the user's alone, else a private one in it.
   Text temporaryFolder() override;
 };
 

@@ -23,12 +23,6 @@ std::string below(const std::string& folder, const std::string& name) {
   return folder == "/" ? folder + name : folder + "/" + name;
 }
 
-// The system would read a name with a zero character as the shorter one before it.
-void checkPath(TextView path) {
-  if (!path.starts_with(separator)) throw failureOf(ENOTDIR, path);
-  if (path.find(u'\0') != TextView::npos) throw failureOf(EINVAL, path);
-}
-
 // The entry of a folder that a component names.
 std::optional<std::string> entryOf(const std::string& folder, const Text& name) {
   const std::string exact = below(folder, toUtf8(name));
@@ -51,6 +45,12 @@ bool isPlainFile(const std::string& file) {
   return stat(file.c_str(), &status) == 0 && S_ISREG(status.st_mode);
 }
 
+// The system would read a name with a zero character as the shorter one before it.
+void checkPath(TextView path) {
+  if (!path.starts_with(separator)) throw failureOf(ENOTDIR, path);
+  if (path.find(u'\0') != TextView::npos) throw failureOf(EINVAL, path);
+}
+
 std::optional<std::string> locate(TextView path) {
   checkPath(path);
   std::string found = "/";
@@ -67,7 +67,10 @@ std::optional<std::string> locate(TextView path) {
 }
 
 std::string existing(TextView path) {
-  if (auto found = locate(path)) return *found;
+  if (auto found = locate(path)) {
+    if (path.ends_with(separator) && isPlainFile(*found)) throw failureOf(ENOTDIR, path);
+    return *found;
+  }
   const auto folder = locate(splitPath(path).folder);
   throw failureOf(folder && isFolder(*folder) ? ENOENT : ENOTDIR, path);
 }

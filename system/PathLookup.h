@@ -13,13 +13,17 @@ namespace ovalia::system {
 bool isFolder(const std::string& file);
 bool isPlainFile(const std::string& file);
 
+// Failure 76 for a path that does not begin at the root: a bare name, a drive letter; 75 for one with a zero
+// character in it. All routines below check their paths so.
+void checkPath(TextView path);
+
 // What there is at a "\"-separated path, by the disk's own spelling. Each component is looked up exactly
 // first, then without regard to case; of several that differ in case only, the first by code. Nothing where
-// something is missing. Failure 76 for a path that does not begin at the root: a bare name, a drive letter;
-// 75 for one with a zero character in it.
+// something is missing.
 std::optional<std::string> locate(TextView path);
 
-// The same for what must be there: 53 when only the last component is missing, else 76.
+// The same for what must be there: 53 when only the last component is missing, else 76. A plain file is not
+// there by a path that ends in a separator: 76.
 std::string existing(TextView path);
 
 // Where a file is or can be made: the one that is there, by its own spelling, else a new name as written in

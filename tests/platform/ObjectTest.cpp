@@ -140,6 +140,41 @@ TEST(LateBinding, conveniences_pass_copies_of_their_arguments) {
   EXPECT_EQ(getMember(object, u"TAG").toText(), u"b");
 }
 
+// Lets go of the reference it is reached by as soon as one of its members runs.
+struct Leaving : Object {
+  ObjectRef& reference;
+  bool& gone;
+  Leaving(ObjectRef& by, bool& whenGone) : reference(by), gone(whenGone) {}
+  ~Leaving() override { gone = true; }
+  bool leave() {
+    bool& flag = gone;
+    reference.reset();
+    return flag;
+  }
+  Variant get(TextView, Arguments) override { return leave(); }
+  void put(TextView, const Variant&, Arguments) override { EXPECT_FALSE(leave()); }
+  Variant call(TextView, Arguments) override { return leave(); }
+};
+
+TEST(LateBinding, an_object_that_drops_its_last_reference_lives_until_its_member_ends) {
+  ObjectRef reference;
+  bool gone = false;
+  const auto renew = [&] {
+    EXPECT_FALSE(reference);
+    gone = false;
+    reference = std::make_shared<Leaving>(reference, gone);
+  };
+  renew();
+  EXPECT_FALSE(getMember(reference, u"x").toBoolean());
+  EXPECT_TRUE(gone);
+  renew();
+  EXPECT_FALSE(callMember(reference, u"x").toBoolean());
+  EXPECT_TRUE(gone);
+  renew();
+  putMember(reference, u"x", 1);
+  EXPECT_TRUE(gone);
+}
+
 TEST(ObjectAt, follows_members_from_object_to_object) {
   const auto inner = table(), form = table(), base = table();
   form->value(u"vClase", Variant(inner));

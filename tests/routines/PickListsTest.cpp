@@ -200,6 +200,28 @@ TEST_F(PickList, that_fails_is_reported_under_the_name_of_the_other_module) {
   EXPECT_EQ(created, u"marca");
 }
 
+TEST_F(PickList, whose_choice_cannot_be_read_counts_as_none) {
+  list->answering(u"mtdMostrar", [this](Arguments) {
+    list->failing(u"Seleccionar", 5);
+    return Variant(true);
+  });
+  expectReport(u"VerListadoSimple de RutinasErr", 5);
+  EXPECT_FALSE(show());
+  EXPECT_EQ(result, u"marca");
+  EXPECT_EQ(created, u"marca");
+}
+
+TEST_F(PickList, whose_new_element_cannot_be_read_keeps_the_choice) {
+  list->answering(u"mtdMostrar", [this](Arguments) {
+    list->with(u"Seleccionar", u"Alquileres").failing(u"NuevoElemento", 5);
+    return Variant(true);
+  });
+  expectReport(u"VerListadoSimple de RutinasErr", 5);
+  EXPECT_TRUE(show());
+  EXPECT_EQ(result, u"Alquileres");
+  EXPECT_EQ(created, u"marca");
+}
+
 TEST_F(PickList, over_an_unknown_table_is_reported) {
   expectReport(u"VerListadoSimple de RutinasErr", 3265);
   EXPECT_FALSE(VerListadoSimple(u"x", result, u"Nada", u"", created, {}, false, u"Nombre", true, true, true,

@@ -221,6 +221,14 @@ TEST_F(SystemText, lists_the_libraries_of_the_stored_folder) {
       u"directorioLocal: \\srv\\agencia\r\nDll: zip.so\tversion: \t Fecha: 07/03/2005 9:05:00\r\n"));
 }
 
+TEST_F(SystemText, finds_the_stored_folder_in_the_systems_form_too) {
+  here.settings.put(u"Agencia", u"Settings", u"Directorio", u"/srv/agencia");
+  here.files.putFile(u"\\srv\\agencia\\comun\\librerias\\zip.so");
+  VolcarSystemaTxt();
+  EXPECT_TRUE(here.files.content(path).ends_with(
+      u"directorioLocal: /srv/agencia\r\nDll: zip.so\tversion: \t Fecha: 0:00:00\r\n"));
+}
+
 TEST_F(SystemText, replaces_the_last_one) {
   here.files.putFile(path, u"viejo");
   VolcarSystemaTxt();

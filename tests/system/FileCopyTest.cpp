@@ -1,6 +1,7 @@
 #include "system/FileCopy.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <chrono>
 #include <filesystem>
@@ -97,6 +98,12 @@ TEST_F(Copying, says_what_is_missing_or_in_the_way) {
   EXPECT_EQ(copy(u"a.doc", u"Doc4\\"), 75);
   EXPECT_EQ(copy(u"Doc4", u"c.doc"), 75);
   EXPECT_EQ(entries(), 2);
+}
+
+TEST_F(Copying, what_is_no_plain_file_is_75_and_waited_for_by_nobody) {
+  ASSERT_EQ(mkfifo((tree.path() / "tubo").c_str(), 0600), 0);
+  EXPECT_EQ(numberOf([&] { files.copy(tree.logic(u"tubo"), tree.logic(u"c.doc"), false); }), 75);
+  EXPECT_EQ(entries(), 1);
 }
 
 TEST_F(Copying, an_unreadable_source_or_a_read_only_target_is_70) {

@@ -68,6 +68,11 @@ TEST_F(Probing, nothing_there_is_an_empty_answer) {
   EXPECT_EQ(files.firstMatch(tree.logic(u"roto.doc")), u"");
 }
 
+TEST_F(Probing, a_zero_character_never_cuts_a_path_short) {
+  tree.putFile("a.doc");
+  EXPECT_EQ(numberOf([&] { files.firstMatch(tree.logic(u"a.doc") + Text(1, u'\0') + u"x"); }), 75);
+}
+
 TEST_F(Probing, a_link_counts_as_what_it_leads_to) {
   tree.putFile("Doc4/a.doc", "x");
   fs::create_symlink("Doc4/a.doc", tree.path() / "atajo.doc");
@@ -193,6 +198,9 @@ TEST_F(Writing, removes_a_file_in_any_spelling_and_no_folder) {
   EXPECT_EQ(numberOf([&] { files.remove(tree.logic(u"Doc5\\a.doc")); }), 76);
   EXPECT_EQ(numberOf([&] { files.remove(tree.logic(u"Doc4")); }), 53);
   EXPECT_TRUE(tree.has("Doc4"));
+  tree.putFile("Doc4/b.doc");
+  EXPECT_EQ(numberOf([&] { files.remove(tree.logic(u"Doc4\\b.doc\\")); }), 76);
+  EXPECT_TRUE(tree.has("Doc4/b.doc"));
 }
 
 TEST_F(Writing, removing_a_link_keeps_what_it_leads_to) {
@@ -263,9 +271,40 @@ TEST_F(Folders, the_temporary_folder_ends_in_a_separator_and_can_be_used) {
   };
   EXPECT_EQ(temporary(tree.path().string()), tree.logic() + u"\\");
   EXPECT_EQ(temporary(tree.path().string() + "/"), tree.logic() + u"\\");
-  EXPECT_EQ(temporary((tree.path() / "nada").string()), u"\\tmp\\");
+  EXPECT_TRUE(temporary((tree.path() / "nada").string()).starts_with(u"\\tmp\\"));
   files.write(temporary(tree.path().string()) + u"a.txt", u"x");
   EXPECT_TRUE(tree.has("a.txt"));
+}
+
+TEST_F(Folders, a_temporary_folder_of_all_users_has_a_private_one_for_each) {
+  fs::permissions(tree.path(), fs::perms::all | fs::perms::sticky_bit);
+  setenv("TMPDIR", tree.path().c_str(), 1);
+  const std::string own = "ovalia-" + std::to_string(geteuid());
+  const Text folder = files.temporaryFolder();
+  EXPECT_EQ(folder, tree.logic(fromUtf8(own)) + u"\\");
+  EXPECT_EQ(files.temporaryFolder(), folder);
+  EXPECT_EQ(fs::status(tree.path() / own).permissions(), fs::perms::owner_all);
+
+  fs::remove(tree.path() / own);
+  tree.putFolder("ajena");
+  fs::create_directory_symlink("ajena", tree.path() / own);
+  EXPECT_EQ(numberOf([&] { files.temporaryFolder(); }), 70) << "a link that anybody could have laid";
+  fs::remove(tree.path() / own);
+  tree.putFile(own);
+  EXPECT_EQ(numberOf([&] { files.temporaryFolder(); }), 70);
+  unsetenv("TMPDIR");
+}
+
+TEST_F(Folders, a_private_temporary_folder_that_is_another_users_is_70) {
+  if (geteuid() != 0) GTEST_SKIP() << "only the superuser can lay another user's folder";
+  fs::permissions(tree.path(), fs::perms::all | fs::perms::sticky_bit);
+  tree.putFolder("ovalia-65534");
+  setenv("TMPDIR", tree.path().c_str(), 1);
+  {
+    const OrdinaryUser user;
+    EXPECT_EQ(numberOf([&] { files.temporaryFolder(); }), 70);
+  }
+  unsetenv("TMPDIR");
 }
 
 }  // namespace

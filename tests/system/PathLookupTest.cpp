@@ -77,6 +77,7 @@ TEST_F(PathLookup, what_must_be_there_is_53_in_a_folder_and_76_without_one) {
   EXPECT_EQ(numberOf([&] { existing(tree.logic(u"b.doc")); }), 53);
   EXPECT_EQ(numberOf([&] { existing(tree.logic(u"Doc4\\a.doc")); }), 76);
   EXPECT_EQ(numberOf([&] { existing(tree.logic(u"a.doc\\b.doc")); }), 76);
+  EXPECT_EQ(numberOf([&] { existing(tree.logic(u"a.doc\\")); }), 76);
 }
 
 TEST_F(PathLookup, a_new_file_keeps_its_spelling_and_an_old_one_the_disks) {
