@@ -91,6 +91,9 @@ TEST_F(BlankCard, an_advertisement_runs_one_day_from_today_and_is_not_sent) {
         {u"cboUsuario", u"Carmen Soler"},
     });
     EXPECT_FALSE(enabled(u"dtpHoraEnvio"));
+    control(u"dtpHoraEnvio").setEnabled(true);
+    blank();
+    EXPECT_FALSE(enabled(u"dtpHoraEnvio")) << "also where the date was unticked already";
   });
 }
 

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -111,14 +110,19 @@ TEST_F(EditTracking, a_control_that_is_not_tracked_is_not_compared) {
 }
 
 TEST_F(EditTracking, a_ticked_box_counts_as_changed_even_against_true) {
-  for (const auto& [tipo, box, field] :
-       {std::tuple(u"Nota", u"chkAvisoNota", u"Aviso"), std::tuple(u"Visita", u"chkAviso", u"Aviso"),
-        std::tuple(u"Visita", u"chkRealizada", u"Realizada"),
-        std::tuple(u"Visita", u"chkAnulada", u"Anulada"), std::tuple(u"Anuncio", u"chkEnviar", u"Enviar")}) {
-    with(tipo, {{field, false}}, [&] {
-      otherUser.writes(field, true);
-      user.ticks(box);
-      EXPECT_EQ(state(), modificada) << toUtf8(box);
+  struct Row {
+    TextView tipo, box, field;
+  };
+  const std::vector<Row> rows = {
+      {u"Nota", u"chkAvisoNota", u"Aviso"},       {u"Visita", u"chkAviso", u"Aviso"},
+      {u"Visita", u"chkRealizada", u"Realizada"}, {u"Visita", u"chkAnulada", u"Anulada"},
+      {u"Anuncio", u"chkEnviar", u"Enviar"},
+  };
+  for (const Row& row : rows) {
+    with(row.tipo, {{Text(row.field), false}}, [&] {
+      otherUser.writes(row.field, true);
+      user.ticks(row.box);
+      EXPECT_EQ(state(), modificada) << toUtf8(row.box);
     });
   }
 }
@@ -171,19 +175,39 @@ TEST_F(EditTracking, the_sending_date_unticked_against_a_null_field_is_still_a_c
   });
 }
 
-TEST_F(EditTracking, a_picker_put_on_no_date_is_compared_by_the_text_of_day_zero) {
+TEST_F(EditTracking, a_picker_put_on_no_date_differs_from_a_field_without_one) {
   with(u"Visita", {}, [&] {
     focus(u"dtpFechaFin");
     track(u"dtpFechaFin");
+    otherUser.writes(u"FechaFin", Date{});
     form().setFilling(true);
     control(u"dtpHoraFin").setValue(u"00:00:00");
     control(u"dtpFechaFin").setValue(u"30-12-99");
     form().setFilling(false);
-    EXPECT_EQ(state(), modificada);
-    track(u"dtpFechaFin");
-    otherUser.writes(u"FechaFin", Date{});
-    dNota_CogerFoco(instance, ref(u"dtpFechaFin"));
-    EXPECT_EQ(state(), modificada) << "a field at day zero is compared as nothing at all";
+    EXPECT_EQ(state(), modificada) << "the field is compared as nothing at all";
+  });
+}
+
+TEST_F(EditTracking, pickers_are_joined_as_day_zero_with_hyphens_and_an_hour_without_its_day) {
+  with(u"Visita", {}, [&] {
+    list->columns.at(list->column(u"FechaFin")).type = dao::dbText;  // shows what it is compared with
+    focus(u"dtpFechaFin");
+    const auto joined = [&](TextView date, const Variant& hour) {
+      track(u"dtpFechaFin");
+      form().setFilling(true);
+      control(u"dtpFechaFin").setValue(date);
+      control(u"dtpHoraFin").setValue(hour);
+      form().setFilling(false);
+      track(u"dtpFechaFin");
+      dNota_Cambio(instance, ref(u"dtpFechaFin"), u"FechaFin");
+      return state() == limpia;
+    };
+    list->at(0, u"FechaFin") = u"30-12-99 0:00:00";
+    EXPECT_TRUE(joined(u"30-12-99", u"00:00:00"));
+    list->at(0, u"FechaFin") = u"10/03/2026 0:15:00";
+    EXPECT_TRUE(joined(u"10/03/2026", kit::on(1899, 12, 31, 0, 15, 0))) << "an end past midnight";
+    list->at(0, u"FechaFin") = u"30/12/1999 10:00:00";
+    EXPECT_TRUE(joined(u"30/12/99", u"10:00:00")) << "a day of 1999";
   });
 }
 

@@ -125,13 +125,13 @@ TEST_F(NewAnnotation, a_query_without_the_salesperson_leaves_the_column_out_even
 
 TEST_F(NewAnnotation, a_preset_key_goes_into_the_first_column_of_the_list) {
   nota.IdAnota = 4711;
-  for (const auto& [tipo, key] : {std::pair(u"Nota", u"IdNota"), std::pair(u"Visita", u"IdVisita"),
-                                  std::pair(u"Anuncio", u"IdAnuncio")}) {
+  for (const TextView tipo : {u"Nota", u"Visita", u"Anuncio"}) {
     givenNewRows(tipo);
     database->executed.clear();
     create(true, [&] {
       const Text statement = database->executed.at(0);
-      EXPECT_NE(statement.find(u" (IdInm, " + Text(key) + u", IdAgencia,"), Text::npos) << toUtf8(statement);
+      EXPECT_NE(statement.find(u" (IdInm, Id" + Text(tipo) + u", IdAgencia,"), Text::npos)
+          << toUtf8(statement);
       EXPECT_NE(statement.find(u"VALUES (120,4711,1,4,"), Text::npos) << toUtf8(statement);
     });
   }
@@ -159,14 +159,12 @@ TEST_F(NewAnnotation, a_call_takes_neither_a_preset_key_nor_the_parents_column) 
 }
 
 TEST_F(NewAnnotation, the_row_is_recognised_by_parent_user_and_the_same_moment) {
-  for (const auto& [tipo, parent] :
-       {std::pair(u"Nota", u"Id = 120"), std::pair(u"Visita", u"Id = 120"),
-        std::pair(u"Anuncio", u"Id = 120"), std::pair(u"Llamada", u"IdAnuncio = 77")}) {
+  for (const TextView tipo : {u"Nota", u"Visita", u"Anuncio", u"Llamada"}) {
+    const Text parent = tipo == u"Llamada" ? u"IdAnuncio = 77" : u"Id = 120";
     givenNewRows(tipo);
     nota.IdPr = u"IdPrincipal";  // whatever the table calls it
     create(true, [&] {
-      EXPECT_EQ(criteria(),
-                std::vector<Text>{Text(parent) + u" AND IdUsuario = 3 AND FechaAlta = " + moment});
+      EXPECT_EQ(criteria(), std::vector<Text>{parent + u" AND IdUsuario = 3 AND FechaAlta = " + moment});
     });
   }
 }
@@ -201,6 +199,21 @@ TEST_F(NewAnnotation, the_card_comes_up_blank_on_the_new_row) {
     EXPECT_TRUE(enabled(u"ID_DeshacerCambios"));
     EXPECT_TRUE(enabled(u"ID_Primero"));
     EXPECT_FALSE(enabled(u"ID_Ultimo"));
+  });
+}
+
+TEST_F(NewAnnotation, the_tools_of_a_saved_record_are_left_as_they_are) {
+  givenNewRows(u"Nota");
+  openCard([&] {
+    for (const bool before : {true, false}) {
+      for (const TextView tool : {u"ID_Imprimir", u"ID_Aniadir", u"ID_Borrar", u"ID_Buscar"})
+        form().toolbars().tool(tool)->setEnabled(before);
+      instance.EstadoFicha = limpia;
+      EXPECT_TRUE(Nuevo(instance));
+      for (const TextView tool : {u"ID_Imprimir", u"ID_Aniadir", u"ID_Borrar", u"ID_Buscar"})
+        EXPECT_EQ(enabled(tool), before) << toUtf8(tool);
+    }
+    putAway();
   });
 }
 
