@@ -11,9 +11,10 @@ struct Instance;
 
 // The annotations of one list: notes, visits, advertisements or telephone calls. The host sets the
 // properties, stands `crs` on a row and calls AbreNota, or calls CreaNota for a new one; both return when the
-// card has closed. Everything runs on the thread that made the object, under the platform installed there. No
-// member throws: what goes wrong is reported to the user and logged, and the call returns with what it had
-// reached.
+// card has closed. Everything runs on the thread that made the object, under the platform installed there.
+// What goes wrong is reported to the user and logged, and the call returns with what it had reached. A member
+// throws only what fails in the report itself: after a row deleted by another user (3167) the screen's active
+// form is asked to load its records again, and a card cannot.
 class CNota : public NotaSurface {
  public:
   CNota();

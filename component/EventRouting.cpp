@@ -15,8 +15,9 @@ namespace ovalia {
 
 namespace {
 
-// The check of a control that is being left: one that passes stops tracking, one that does not is kept.
-void validar(Instance& nota, const forms::ControlRef& control, bool& cancel) {
+// The check of a control that is being left, for all four cards: one that passes stops tracking, one that
+// does not is kept.
+void dlgNota_Validar(Instance& nota, const forms::ControlRef& control, bool& cancel) {
   if (ComprobarCambio(nota, true)) {
     if (control) control->Tag.clear();
   } else {
@@ -30,7 +31,7 @@ void connectCard(Instance& nota, forms::CardForm& card) {
   using forms::ControlRef;
   card.Load.connect([&] { dNota_Load(nota); });
   card.UnLoad.connect([&](bool& cancel) { dNota_UnLoad(nota, cancel); });
-  card.Validar.connect([&](ControlRef& control, bool& cancel) { validar(nota, control, cancel); });
+  card.Validar.connect([&](ControlRef& control, bool& cancel) { dlgNota_Validar(nota, control, cancel); });
   card.Cambio.connect([&](ControlRef& control, Text& campo) { dNota_Cambio(nota, control, campo); });
   card.CogerFoco.connect([&](ControlRef& control) { dNota_CogerFoco(nota, control); });
   card.KeyDown.connect(

@@ -51,13 +51,13 @@ std::int32_t BaseRecordset::AbsolutePosition() const {
 
 void BaseRecordset::setAbsolutePosition(std::int32_t position) {
   checkOpen();
-  if (position < 0 || position >= rows()) throw databaseFailure(dao::failure::noCurrentRecord);
+  if (position < 0 || position >= allRows()) throw databaseFailure(dao::failure::noCurrentRecord);
   goTo(position);
 }
 
 std::int32_t BaseRecordset::RecordCount() const {
   checkOpen();
-  return static_cast<std::int32_t>(rows());
+  return static_cast<std::int32_t>(allRows());
 }
 
 void BaseRecordset::needRow() const {
@@ -82,7 +82,7 @@ void BaseRecordset::MoveFirst() {
 void BaseRecordset::MoveLast() {
   checkOpen();
   if (rows() == 0) throw databaseFailure(dao::failure::noCurrentRecord);
-  goTo(rows() - 1);
+  goTo(allRows() - 1);
 }
 
 void BaseRecordset::MoveNext() {
@@ -111,7 +111,7 @@ void BaseRecordset::FindFirst(TextView criterion) {
 
 void BaseRecordset::FindLast(TextView criterion) {
   checkOpen();
-  find(criterion, rows() - 1, Direction::Backward);
+  find(criterion, allRows() - 1, Direction::Backward);
 }
 
 void BaseRecordset::FindNext(TextView criterion) {

@@ -38,7 +38,8 @@ class BaseRecordset : public dao::Recordset, public FieldOwner {
  protected:
   using Place = std::ptrdiff_t;
 
-  virtual Place rows() const = 0;
+  virtual Place rows() const = 0;  // may leave out those well behind the current one
+  virtual Place allRows() const { return rows(); }
   virtual void arrive() = 0;  // reads the current row: 3167 when it is gone
   virtual void dropEdit() = 0;
   virtual void reopen() = 0;  // the rows again

@@ -40,9 +40,9 @@ dao::RecordsetRef Database::OpenRecordset(TextView source, dao::RecordsetType ty
     if (auto plan = plans_.take(sql, catalog()))
       return std::make_shared<Dynaset>(shared_from_this(), sql, std::move(plan));
   const Translation translation = translated(sql);
-  if (!translation.select || translation.kind != StatementKind::Select)
+  if (translation.kind != StatementKind::Select && translation.kind != StatementKind::Other)
     throw databaseFailure(dao::failure::syntax, sql);
-  if (type == dao::dbOpenDynaset)
+  if (type == dao::dbOpenDynaset && translation.select)
     if (auto query = KeyQuery::of(*translation.select, driver().facts()))
       return std::make_shared<Dynaset>(shared_from_this(), sql,
                                        DynasetPlan::make(std::move(*query), driver(), catalog()));
@@ -60,7 +60,9 @@ void Database::Execute(TextView sql) {
     if (std::find(refusals.begin(), refusals.end(), failure.number()) == refusals.end()) throw;
   }
   affected_ = static_cast<std::int32_t>(count);
-  if (translation.kind == StatementKind::Other) catalog_->forget();
+  if (translation.kind != StatementKind::Other) return;
+  driver_->settingsChanged();
+  catalog_->forget();
 }
 
 std::shared_ptr<dao::TableDef> Database::TableDefs(TextView name) {

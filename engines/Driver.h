@@ -49,8 +49,17 @@ class Statement {
 
   virtual bool readFirst(Rows& into) = 0;  // appends the first row; false when there is none
   virtual void readAll(Rows& into) = 0;
-  virtual void readKeys(KeySet& into) = 0;  // the first columns, as many as the set is wide
-  virtual std::int64_t run() = 0;           // rows that it changed itself
+  virtual bool readUpTo(Rows& into, std::size_t rows) = 0;  // the first rows; false when there are no more
+  virtual void readKeys(KeySet& into) = 0;                  // the first columns, as many as the set is wide
+  virtual std::int64_t run() = 0;                           // rows that it changed itself
+};
+
+// A long result that is read piece by piece, as it was at one moment. It lives beside the connection, whose
+// own reads go on seeing what others commit.
+class RowStream {
+ public:
+  virtual ~RowStream() = default;
+  virtual bool readSome(Rows& into, std::size_t rows) = 0;  // false when there are no more
 };
 
 // A connection to an engine. The only part that differs from engine to engine beside its facts.
@@ -65,6 +74,9 @@ class Driver {
   // `kind` chooses the numbers of failures. More than one statement in the text is a syntax failure.
   virtual std::unique_ptr<Statement> prepare(TextView sql, StatementKind kind) = 0;
 
+  // Nothing where a result can only be read at once.
+  virtual std::unique_ptr<RowStream> stream(TextView sql) = 0;
+
   virtual std::vector<Text> tableNames() = 0;
 
   // Nothing for a table or view that does not exist. The name matches without regard to case.
@@ -76,6 +88,9 @@ class Driver {
 
   // The same for the tables' definitions. May cost a short read.
   virtual std::uint64_t schemaVersion() = 0;
+
+  // To be called after a statement in the engine's own words: it may have changed the connection's settings.
+  virtual void settingsChanged() {}
 };
 
 }  // namespace ovalia::engines

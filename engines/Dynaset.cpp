@@ -57,7 +57,7 @@ std::vector<Stored> Dynaset::keysAt(Place place) const {
   std::vector<Stored> keys(keys_.width());
   for (std::size_t i = 0; i < keys.size(); ++i) {
     const std::int64_t key = keys_.key(static_cast<std::size_t>(place), i);
-    if (i == 0 || key != KeySet::noKey) keys[i] = key;
+    if (keys.size() == 1 || key != KeySet::noKey) keys[i] = key;
   }
   return keys;
 }
@@ -84,11 +84,10 @@ Variant Dynaset::fieldValue(std::size_t position) {
   if (position >= recordFields().count()) throw databaseFailure(dao::failure::notInCollection);
   const auto& type = recordFields().info(position).type;
   const auto delivered = type ? std::optional(type->type) : std::nullopt;
-  if (!editing_) {
-    freshRow();
-    return toVariant(row_, row_.cell(position), delivered);
-  }
-  if (!edits_[position]) return toVariant(row_, row_.cell(position), delivered);
+  if (!editing_) freshRow();
+  // Somebody may have taken a column out of the table meanwhile.
+  if (position >= row_.cellCount()) throw databaseFailure(dao::failure::notInCollection);
+  if (!editing_ || !edits_[position]) return toVariant(row_, row_.cell(position), delivered);
   Rows edited;
   struct Adder {
     Rows& rows;

@@ -183,9 +183,13 @@ Operand SentenceTranslator::operand(const Scope& scope, std::size_t end) {
   if ((token.symbol(u"-") || token.symbol(u"+")) && at_ + 1 < end) {
     const std::size_t first = at_++;
     Operand inner = expression(scope, end, sign);
-    Operand whole{.first = first, .end = inner.end, .type = inner.type, .simple = false};
-    if (inner.number) whole.number = token.symbol(u"-") ? -*inner.number : *inner.number;
-    return whole;
+    inner.first = first;
+    inner.simple = false;
+    inner.column.reset();
+    inner.text.reset();
+    inner.date.reset();
+    if (inner.number && token.symbol(u"-")) inner.number = -*inner.number;
+    return inner;
   }
   if (token.name()) {
     if (at_ + 1 < end && sentence_[at_ + 1].symbol(u"(") && token.kind == Token::Kind::Word)

@@ -1,5 +1,7 @@
 #include "engines/KeyQuery.h"
 
+#include <algorithm>
+
 #include "engines/Names.h"
 #include "engines/Sentence.h"
 
@@ -28,6 +30,8 @@ std::vector<bool> singleTables(const SelectShape& shape, std::size_t base) {
         more = single[join.otherTable] = true;
     }
   }
+  // With an outer join a table further left may stand in a row without one of the base's.
+  if (shape.outerJoins) std::fill(single.begin(), single.begin() + static_cast<std::ptrdiff_t>(base), false);
   return single;
 }
 
@@ -49,8 +53,8 @@ std::optional<KeyQuery> KeyQuery::of(SelectShape shape, const DialectFacts& fact
   for (std::size_t i = 0; i < query.keys.size(); ++i) {
     select.append(i > 0 ? u", " : u"").append(query.keys[i]);
     row.append(i > 0 ? u" AND " : u"").append(query.keys[i]);
-    // Only the base's own row is always there.
-    row.append(u" ").append(i > 0 ? facts.sameOrBothNull : TextView(u"=")).append(u" ");
+    // The base's own row is always there where it is named alone.
+    row.append(u" ").append(query.keys.size() > 1 ? facts.sameOrBothNull : TextView(u"=")).append(u" ");
     row.append(facts.parameter).append(toText(static_cast<std::int64_t>(i) + 1));
   }
   query.keysSql = select + u" FROM " + shape.from;

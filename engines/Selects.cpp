@@ -48,12 +48,13 @@ SelectShape SentenceTranslator::select(std::size_t begin, std::size_t end, const
   const bool outerAggregate = std::exchange(aggregate_, false);
   std::vector<JoinedColumns>* const outerJoins = std::exchange(joins_, nullptr);
 
-  std::size_t first = begin + 1;
+  std::size_t first = begin + 1, distinct = end;
   shape.rowsOfTables = next == end && grouped >= std::min(order, limit) && having >= std::min(order, limit);
   for (; first < from; ++first) {
     const Token& word = sentence_[first];
     if (word.is(u"DISTINCT")) {
       shape.rowsOfTables = false;
+      distinct = first;
     } else if (word.is(u"DISTINCTROW")) {
       sentence_.drop(first);
     } else if (word.is(u"TOP") && first + 1 < from && sentence_[first + 1].kind == Token::Kind::Number) {
@@ -79,6 +80,8 @@ SelectShape SentenceTranslator::select(std::size_t begin, std::size_t end, const
   if (grouped < std::min(order, limit))
     orderTerms(std::min(grouped + 2, std::min(having, next)), std::min({having, order, limit, next}), scope,
                shape, false);
+  if (distinct < end && grouped >= std::min(order, limit) && !aggregate_)
+    groupInstead(distinct, std::min({having, order, limit, next}), shape);
   if (having < std::min({order, limit, next})) {
     at_ = having + 1;
     all(scope, std::min({order, limit, next}));
@@ -145,6 +148,8 @@ void SentenceTranslator::fromClause(std::size_t begin, std::size_t end, const Sc
       i = stop - 1;
     } else if (token.is(u"JOIN") || token.symbol(u",")) {
       expectsTable = true;
+    } else if (token.is(u"LEFT") || token.is(u"RIGHT") || token.is(u"FULL")) {
+      shape.outerJoins = true;
     } else if (expectsTable && token.name() && !isOne(token, joinWords)) {
       std::size_t name = i;
       while (name + 2 < end && sentence_[name + 1].symbol(u".") && sentence_[name + 2].name()) name += 2;
@@ -208,6 +213,18 @@ void SentenceTranslator::items(std::size_t begin, std::size_t end, const Scope& 
     all(scope, last);
     shape.outputs.push_back(std::move(output));
   });
+}
+
+// DISTINCT would tell texts apart that are the same to a comparison; groups by every column do not.
+void SentenceTranslator::groupInstead(std::size_t distinct, std::size_t end, const SelectShape& shape) {
+  Text terms;
+  for (const OutputColumn& output : shape.outputs) {
+    if (!output.table) return;
+    terms.append(terms.empty() ? u" GROUP BY " : u", ").append(output.sql);
+    if (output.type && isText(*output.type)) terms.append(facts_.collate);
+  }
+  sentence_.drop(distinct);
+  sentence_.after(end - 1, terms);
 }
 
 // Columns of all tables, or of one where `only` is its position.

@@ -60,6 +60,7 @@ class SentenceTranslator {
   void fromClause(std::size_t begin, std::size_t end, const Scope& scope, SelectShape& shape);
   void items(std::size_t begin, std::size_t end, const Scope& scope, SelectShape& shape);
   void orderTerms(std::size_t begin, std::size_t end, const Scope& scope, SelectShape& shape, bool sorts);
+  void groupInstead(std::size_t distinct, std::size_t end, const SelectShape& shape);
   void star(std::size_t only, SelectShape& shape) const;
   void noteJoin(const Operand& left, const Operand& right);
 

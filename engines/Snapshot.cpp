@@ -18,15 +18,43 @@ void Snapshot::read(const Translation& translation) {
   const auto statement = database().driver().prepare(translation.sql, StatementKind::Select);
   auto infos = resultFields(statement->columns(), translation.select ? &*translation.select : nullptr,
                             database().catalog());
+  if (infos.empty()) throw databaseFailure(dao::failure::syntax, sql());
   Rows fresh;
-  statement->readAll(fresh);
+  std::unique_ptr<RowStream> rest;
+  if (statement->readUpTo(fresh, atOnce)) {
+    // All of one moment: the rows read so far are read again.
+    fresh.clear();
+    rest = database().driver().stream(translation.sql);
+    if (!rest)
+      statement->readAll(fresh);
+    else if (!rest->readSome(fresh, atOnce))
+      rest.reset();
+  }
+  rest_ = std::move(rest);
   rows_ = std::move(fresh);
   columns_ = infos.size();
   setFields(std::make_shared<const std::vector<FieldInfo>>(std::move(infos)));
 }
 
+// As many as are known of: at least one behind the current row where there is one.
 BaseRecordset::Place Snapshot::rows() const {
-  return columns_ == 0 ? 0 : static_cast<Place>(rows_.cellCount() / columns_);
+  const auto known = [this] { return columns_ == 0 ? 0 : static_cast<Place>(rows_.cellCount() / columns_); };
+  while (rest_ && known() < place() + 2) readOn();
+  return known();
+}
+
+BaseRecordset::Place Snapshot::allRows() const {
+  while (rest_) readOn();
+  return rows();
+}
+
+void Snapshot::readOn() const {
+  if (!rest_->readSome(rows_, atOnce)) rest_.reset();
+}
+
+void Snapshot::forget() {
+  rows_ = {};
+  rest_.reset();
 }
 
 const Rows::Cell& Snapshot::cell(Place row, std::size_t column) const {
@@ -80,7 +108,7 @@ BaseRecordset::Place Snapshot::search(TextView criterion, Place from, Direction 
   std::vector<Stored> values(columns_);
   Rows met;
   const Place step = direction == Direction::Forward ? 1 : -1;
-  for (Place row = std::clamp<Place>(from, -1, rows()); row >= 0 && row < rows(); row += step) {
+  for (Place row = std::clamp<Place>(from, -1, allRows()); row >= 0 && row < rows(); row += step) {
     for (std::size_t i = 0; i < columns_; ++i) {
       const Rows::Cell& value = cell(row, i);
       switch (value.kind) {
@@ -110,7 +138,7 @@ BaseRecordset::Place Snapshot::placeOf(TextView name) const {
   const std::string digits = toUtf8(name);
   Place place = -1;
   const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), place);
-  if (error != std::errc() || end != digits.data() + digits.size() || place < 0 || place >= rows())
+  if (error != std::errc() || end != digits.data() + digits.size() || place < 0 || place >= allRows())
     throw databaseFailure(dao::failure::noCurrentRecord);
   return place;
 }

@@ -4,8 +4,8 @@
 
 namespace ovalia::engines {
 
-// Rows read once, when it is opened, and never written. Also what a dynaset falls back to where rows cannot
-// be named one by one: groups, unions, tables without a key.
+// Rows as they were when it was opened, never written. A long result is read as far as somebody goes. Also
+// what a dynaset falls back to where rows cannot be named one by one: groups, unions, tables without a key.
 class Snapshot : public BaseRecordset {
  public:
   Snapshot(std::shared_ptr<Database> database, Text sql, const Translation& translation);
@@ -18,10 +18,11 @@ class Snapshot : public BaseRecordset {
 
  protected:
   Place rows() const override;
+  Place allRows() const override;
   void arrive() override {}
   void dropEdit() override {}
   void reopen() override;
-  void forget() override { rows_ = {}; }
+  void forget() override;
   Place search(TextView criterion, Place from, Direction direction) override;
   Text nameOf(Place place) const override;
   Place placeOf(TextView name) const override;
@@ -33,7 +34,11 @@ class Snapshot : public BaseRecordset {
   void read(const Translation& translation);
   const Rows::Cell& cell(Place row, std::size_t column) const;
 
-  Rows rows_;
+  static constexpr std::size_t atOnce = 1'000;  // rows
+  void readOn() const;
+
+  mutable Rows rows_;
+  mutable std::unique_ptr<RowStream> rest_;  // nothing once all has been read
   std::size_t columns_ = 0;
 };
 

@@ -37,6 +37,7 @@ struct SelectShape {
   std::vector<OutputColumn> outputs;
   std::vector<JoinedColumns> joins;
   Text items, from, where, order, limit;  // each without its keyword but `limit`; "" where there is none
+  bool outerJoins = false;                // a table may have no row in a row of the result
   bool rowsOfTables = false;  // a row is one row of each table: no grouping, DISTINCT, UNION, aggregate
 };
 

@@ -7,13 +7,14 @@ namespace ovalia::forms {
 
 namespace {
 
-// One pane as a late-bound object: Panes(1).Width.
+// One pane as a late-bound object: Panes(1).Width, Panes(1).Name.
 class Pane : public Object {
  public:
   explicit Pane(std::shared_ptr<Splitter> splitter, bool first)
       : splitter_(std::move(splitter)), first_(first) {}
 
   Variant get(TextView member, Arguments) override {
+    if (sameName(member, u"Name")) return first_ ? u"Pane A" : u"Pane B";
     if (!sameName(member, u"Width")) throw Failure(failure::noSuchMember);
     return first_ ? splitter_->PaneWidth() : splitter_->Width() - splitter_->PaneWidth();
   }

@@ -4,6 +4,7 @@
 #include <QGridLayout>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QTabBar>
 #include <QVBoxLayout>
 
 #include "desktop/QtText.h"
@@ -34,10 +35,8 @@ CardPage::CardPage(std::shared_ptr<HostCard> card, QWidget* parent)
     : QWidget(parent), card_(std::move(card)), contract_(cardContract(card_)) {
   auto* all = new QVBoxLayout(this);
   all->addLayout(new QGridLayout);
-  pages_ = new QTabWidget(this);
-  save_ = new QPushButton(QStringLiteral("&Guardar"), this);
-  undo_ = new QPushButton(QStringLiteral("Deshacer &cambios"), this);
   buildFields();
+  pages_ = new QTabWidget(this);
   buildLists();
   all->addWidget(pages_, 1);
 
@@ -101,6 +100,8 @@ void CardPage::buildFields() {
     fields_[&field] = box;
     place += field.wide ? 2 : 1;
   }
+  save_ = new QPushButton(QStringLiteral("&Guardar"), this);
+  undo_ = new QPushButton(QStringLiteral("Deshacer &cambios"), this);
   auto* buttons = new QHBoxLayout;
   buttons->addStretch();
   buttons->addWidget(save_);
@@ -122,6 +123,11 @@ void CardPage::buildLists() {
       followCalls();
     };
   }
+  // A page chosen by its letter is there to be worked on; one reached along the bar is not yet.
+  QObject::connect(pages_, &QTabWidget::currentChanged, this, [this](int index) {
+    if (!pages_->tabBar()->hasFocus()) panes_[static_cast<std::size_t>(index)]->grid().setFocus();
+  });
+  if (!panes_.empty()) setFocusProxy(&panes_.front()->grid());
 }
 
 void CardPage::followCalls() {

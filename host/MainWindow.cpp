@@ -4,6 +4,7 @@
 #include <QCloseEvent>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QScreen>
 #include <QStatusBar>
 #include <QTabBar>
 
@@ -51,7 +52,7 @@ MainWindow::MainWindow(Workplace& workplace)
   QObject::connect(pages_, &QTabWidget::tabCloseRequested, this, [this](int index) { closePage(index); });
   buildMenus();
   const int character = fontMetrics().averageCharWidth();
-  resize(character * 150, fontMetrics().height() * 40);
+  resize(QSize(character * 150, fontMetrics().height() * 40).boundedTo(screen()->availableSize()));
 }
 
 MainWindow::~MainWindow() {
@@ -105,6 +106,7 @@ CardPage* MainWindow::openCard(const HostForm& form, std::int32_t record) {
       pages_->setTabText(pages_->indexOf(page), toQt(page->card().caption()));
     };
     pages_->setCurrentIndex(index);
+    page->setFocus();
     return page;
   } catch (const Failure& failure) {
     workplace_.dialogs.tell(form.caption, failure.number() == dao::failure::noCurrentRecord

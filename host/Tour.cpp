@@ -4,10 +4,13 @@
 #include <QDialog>
 #include <QMessageBox>
 #include <QTimer>
+#include <array>
 #include <fstream>
+#include <map>
 
 #include "desktop/QtText.h"
 #include "forms/Form.h"
+#include "platform/Platform.h"
 
 namespace ovalia::host {
 
@@ -28,6 +31,33 @@ constexpr Stop stops[] = {{u"grdNota", "nota.png"},
                           {u"grdVisita", "visita.png"},
                           {u"grdAnuncio", "anuncio.png"},
                           {u"grdLlamada", "llamada.png"}};
+
+// A tour starts from nobody's settings and leaves nobody's changed.
+class PassingSettings : public Settings {
+ public:
+  PassingSettings() { Platform::current().settings = this; }
+  ~PassingSettings() override { Platform::current().settings = before_; }
+  PassingSettings(const PassingSettings&) = delete;
+  PassingSettings& operator=(const PassingSettings&) = delete;
+
+  Text get(TextView application, TextView section, TextView key, TextView fallback) override {
+    const auto found = values_.find({Text(application), Text(section), Text(key)});
+    return found == values_.end() ? Text(fallback) : found->second;
+  }
+  void save(TextView application, TextView section, TextView key, TextView value) override {
+    values_[{Text(application), Text(section), Text(key)}] = value;
+  }
+  std::vector<std::pair<Text, Text>> all(TextView application, TextView section) override {
+    std::vector<std::pair<Text, Text>> pairs;
+    for (const auto& [name, value] : values_)
+      if (name[0] == application && name[1] == section) pairs.emplace_back(name[2], value);
+    return pairs;
+  }
+
+ private:
+  Settings* before_ = Platform::current().settings;
+  std::map<std::array<Text, 3>, Text> values_;
+};
 
 class Tour {
  public:
@@ -154,6 +184,7 @@ class Tour {
 bool playTour(MainWindow& window, const fs::path& folder) {
   std::error_code error;
   fs::create_directories(folder, error);
+  const PassingSettings passing;
   return !error && Tour(window, folder).play();
 }
 

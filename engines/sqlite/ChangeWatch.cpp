@@ -3,17 +3,29 @@
 namespace ovalia::engines::sqlite {
 namespace {
 
-// The index's header: 32-bit words, the second the commits counted, the fourth the last valid frame of the
-// log.
+// What this connection has done itself, which no other can see before it is committed: the rows it changed,
+// and whether it is inside a transaction, since a rollback takes them back.
+std::uint64_t ownVersion(sqlite3* connection) {
+  const auto changes = static_cast<std::uint64_t>(sqlite3_total_changes64(connection));
+  return changes << 1 | static_cast<std::uint64_t>(sqlite3_get_autocommit(connection) != 0);
+}
+
+constexpr std::uint64_t spread = 0x9E3779B97F4A7C15;  // keeps sums of two counts from meeting
+
+// The index's header: 32-bit words, the third the commits counted, the fifth the last valid frame of the log.
 class SharedIndexWatch : public ChangeWatch {
  public:
-  explicit SharedIndexWatch(const std::uint32_t* header) : header_(header) {}
+  SharedIndexWatch(sqlite3* connection, const std::uint32_t* header)
+      : connection_(connection), header_(header) {}
   std::uint64_t version() override {
     const std::uint64_t commits = __atomic_load_n(header_ + 2, __ATOMIC_ACQUIRE);
-    return commits << 32 | __atomic_load_n(header_ + 4, __ATOMIC_ACQUIRE);
+    const std::uint64_t frames = __atomic_load_n(header_ + 4, __ATOMIC_ACQUIRE);
+    return (commits << 32 | frames) + ownVersion(connection_) * spread;
   }
+  bool logged() const override { return true; }
 
  private:
+  sqlite3* connection_;
   const std::uint32_t* header_;
 };
 
@@ -24,9 +36,9 @@ class PragmaWatch : public ChangeWatch {
   std::uint64_t version() override {
     row_.clear();
     pragma_->readFirst(row_);
-    return static_cast<std::uint64_t>(row_.cell(0).integer) << 40 ^
-           static_cast<std::uint64_t>(sqlite3_total_changes64(connection_));
+    return static_cast<std::uint64_t>(row_.cell(0).integer) + ownVersion(connection_) * spread;
   }
+  bool logged() const override { return false; }
 
  private:
   sqlite3* connection_;
@@ -56,7 +68,7 @@ bool logged(Driver& driver) {
 std::unique_ptr<ChangeWatch> watchChanges(sqlite3* connection, Driver& driver) {
   if (logged(driver))
     if (const std::uint32_t* const header = sharedIndex(connection))
-      return std::make_unique<SharedIndexWatch>(header);
+      return std::make_unique<SharedIndexWatch>(connection, header);
   return std::make_unique<PragmaWatch>(connection, driver);
 }
 

@@ -14,6 +14,7 @@ class ChangeWatch {
  public:
   virtual ~ChangeWatch() = default;
   virtual std::uint64_t version() = 0;
+  virtual bool logged() const = 0;  // the file is in WAL mode
 };
 
 // The cheapest way there is for the connection. Where the file is in WAL mode, the commit counter in the

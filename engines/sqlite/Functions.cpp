@@ -9,21 +9,11 @@
 #include "engines/Values.h"
 #include "engines/sqlite/Like.h"
 #include "engines/sqlite/SqliteFailures.h"
+#include "engines/sqlite/SqliteText.h"
 #include "platform/Platform.h"
 
 namespace ovalia::engines::sqlite {
 namespace {
-
-// A text as it lies, without the copy that a terminated one may cost.
-std::string_view textOf(sqlite3_value* value) {
-  if (sqlite3_value_type(value) == SQLITE_TEXT) {
-    const auto* const bytes = static_cast<const char*>(sqlite3_value_blob(value));
-    return {bytes ? bytes : "", static_cast<std::size_t>(sqlite3_value_bytes(value))};
-  }
-  const auto* const bytes = reinterpret_cast<const char*>(sqlite3_value_text(value));
-  return bytes ? std::string_view(bytes, static_cast<std::size_t>(sqlite3_value_bytes(value)))
-               : std::string_view();
-}
 
 bool anyNull(int count, sqlite3_value** values) {
   for (int i = 0; i < count; ++i)

@@ -44,7 +44,7 @@ std::string uriOf(const std::string& file) {
 
 }  // namespace
 
-SqliteDriver::SqliteDriver(TextView file, const OpenOptions& options) {
+SqliteDriver::SqliteDriver(TextView file, const OpenOptions& options) : options_(options) {
   openFile(toUtf8(file), options);
   settle();
 }
@@ -92,7 +92,7 @@ void SqliteDriver::settle() {
   pragma(u"PRAGMA trusted_schema = OFF");
   schemaVersion_ = prepare(u"PRAGMA schema_version", StatementKind::Other);
   schemaVersion();  // the log's shared index is there once something has been read
-  watch_ = watchChanges(connection_.get(), *this);
+  settingsChanged();
 }
 
 const DialectFacts& SqliteDriver::facts() const { return dialect; }
@@ -104,6 +104,30 @@ Text SqliteDriver::name() const {
 
 std::unique_ptr<Statement> SqliteDriver::prepare(TextView sql, StatementKind kind) {
   return std::make_unique<SqliteStatement>(connection_.get(), toUtf8(sql), kind);
+}
+
+// A connection of its own holds the moment in the log.
+class SideStream : public RowStream {
+ public:
+  SideStream(TextView file, const OpenOptions& options, TextView sql)
+      : driver_(file, options), statement_(driver_.prepare(sql, StatementKind::Select)) {}
+  bool readSome(Rows& into, std::size_t rows) override {
+    return static_cast<SqliteStatement&>(*statement_).readOn(into, rows);
+  }
+
+ private:
+  SqliteDriver driver_;
+  std::unique_ptr<Statement> statement_;
+};
+
+// What this connection has not committed yet another would not see; without a log a reader would stop
+// writers.
+std::unique_ptr<RowStream> SqliteDriver::stream(TextView sql) {
+  if (!watch_->logged() || sqlite3_get_autocommit(connection_.get()) == 0) return nullptr;
+  OpenOptions reading = options_;
+  reading.create = false;
+  reading.readOnly = true;
+  return std::make_unique<SideStream>(name(), reading, sql);
 }
 
 std::vector<Text> SqliteDriver::tableNames() {
@@ -156,7 +180,8 @@ std::optional<TableInfo> SqliteDriver::describe(TextView table) {
     ColumnInfo column{textAt(columns, i, Name), columnTypeFrom(declared), false, false};
     column.onlyKey = keyParts == 1 && numberAt(columns, i, KeyPart) > 0;
     column.autoIncrement = column.onlyKey && sameAscii(declared, u"INTEGER") && !withoutRowid;
-    if (column.autoIncrement) info.key = column.name;
+    const bool whole = column.type && column.type->type >= dao::dbByte && column.type->type <= dao::dbLong;
+    if (column.autoIncrement || (withoutRowid && column.onlyKey && whole)) info.key = column.name;
     info.columns.push_back(std::move(column));
   }
   if (info.key.empty() && !view && !withoutRowid)

@@ -21,15 +21,18 @@ class SqliteDriver : public Driver {
   bool readOnly() const override { return sqlite3_db_readonly(connection_.get(), "main") == 1; }
   Text name() const override;
   std::unique_ptr<Statement> prepare(TextView sql, StatementKind kind) override;
+  std::unique_ptr<RowStream> stream(TextView sql) override;
   std::vector<Text> tableNames() override;
   std::optional<TableInfo> describe(TextView table) override;
   std::uint64_t dataVersion() override { return watch_->version(); }
   std::uint64_t schemaVersion() override;
+  void settingsChanged() override { watch_ = watchChanges(connection_.get(), *this); }
 
  private:
   void openFile(const std::string& file, const OpenOptions& options);
   void settle();
 
+  OpenOptions options_;
   std::unique_ptr<sqlite3, CloseConnection> connection_;
   std::unique_ptr<ChangeWatch> watch_;
   std::unique_ptr<Statement> schemaVersion_;

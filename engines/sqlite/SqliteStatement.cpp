@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "engines/sqlite/SqliteFailures.h"
+#include "engines/sqlite/SqliteText.h"
 
 namespace ovalia::engines::sqlite {
 namespace {
@@ -92,10 +93,8 @@ void SqliteStatement::append(Rows& into, int columns) {
       case SQLITE_FLOAT:
         into.addReal(sqlite3_value_double(value));
         break;
-      default: {
-        const auto* const bytes = static_cast<const char*>(sqlite3_value_blob(value));
-        into.addText({bytes ? bytes : "", static_cast<std::size_t>(sqlite3_value_bytes(value))});
-      }
+      default:
+        into.addText(textOf(value));
     }
   }
 }
@@ -111,6 +110,27 @@ void SqliteStatement::readAll(Rows& into) {
   Run run(connection_, statement_, kind_);
   const int columns = sqlite3_column_count(statement_);
   while (run.row()) append(into, columns);
+}
+
+bool SqliteStatement::readUpTo(Rows& into, std::size_t rows) {
+  Run run(connection_, statement_, kind_);
+  const int columns = sqlite3_column_count(statement_);
+  while (rows-- > 0) {
+    if (!run.row()) return false;
+    append(into, columns);
+  }
+  return true;
+}
+
+bool SqliteStatement::readOn(Rows& into, std::size_t rows) {
+  const int columns = sqlite3_column_count(statement_);
+  while (rows-- > 0) {
+    const int code = sqlite3_step(statement_);
+    if (code == SQLITE_DONE) return false;
+    if (code != SQLITE_ROW) fail(connection_, sqlite3_extended_errcode(connection_), kind_);
+    append(into, columns);
+  }
+  return true;
 }
 
 void SqliteStatement::readKeys(KeySet& into) {

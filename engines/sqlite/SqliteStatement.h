@@ -17,8 +17,13 @@ class SqliteStatement : public Statement {
   void bind(std::span<const Stored> values) override;
   bool readFirst(Rows& into) override;
   void readAll(Rows& into) override;
+  bool readUpTo(Rows& into, std::size_t rows) override;
   void readKeys(KeySet& into) override;
   std::int64_t run() override;
+
+  // Goes on where it left off and stays there; reset ends it.
+  bool readOn(Rows& into, std::size_t rows);
+  void reset() { sqlite3_reset(statement_); }
 
  private:
   void append(Rows& into, int columns);

@@ -297,6 +297,10 @@ const std::vector<CorpusRow> rows = {
      u"SELECT IdUsuario, Nombre FROM Usuario ORDER BY 2 COLLATE es, 1", 2},
     {"groups", select, u"SELECT Alias, Count(*) AS N FROM Cliente GROUP BY Alias HAVING Alias <> 'x'",
      u"SELECT Alias, Count(*) AS N FROM Cliente GROUP BY Alias COLLATE es HAVING Alias COLLATE es <> 'x'", 1},
+    {"DISTINCT", select, u"SELECT DISTINCT Alias, IdCliente FROM Cliente WHERE IdCliente > 0 ORDER BY Alias",
+     u"SELECT Alias, IdCliente FROM Cliente WHERE IdCliente > 0 GROUP BY Alias COLLATE es, IdCliente ORDER "
+     u"BY Alias COLLATE es",
+     1},
     {"a subquery", select,
      u"SELECT Nombre FROM Usuario WHERE IdUsuario IN (SELECT IdUsuario FROM NotaIP WHERE Asunto = 'LLAVES')",
      u"SELECT Nombre FROM Usuario WHERE IdUsuario IN (SELECT IdUsuario FROM NotaIP WHERE Asunto COLLATE es = "

@@ -246,6 +246,7 @@ TEST_F(Program, tours_a_card_of_each_kind_on_its_first_start) {
   for (const char* picture : {"nota.png", "visita.png", "anuncio.png", "llamada.png", "agencia.png"})
     EXPECT_EQ(folder.content(std::string("fotos/") + picture).substr(1, 3), "PNG") << picture;
   EXPECT_FALSE(folder.has("fotos/aviso.png"));
+  EXPECT_FALSE(folder.has("config/ovalia/ovalia.ini")) << "a tour has changed its user's settings";
   const std::string transcript = folder.content("fotos/transcript.txt");
   for (const char* line :
        {"Formulario: frmNota", "Formulario: frmVisita", "Formulario: frmAnuncio", "Formulario: frmLlamada",

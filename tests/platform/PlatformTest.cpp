@@ -63,6 +63,13 @@ TEST(RegionalNow, has_the_clocks_year_and_the_platforms_settings) {
   EXPECT_EQ(Variant(u"01/02/52").toDate(), dateFrom({1952, 2, 1}));
 }
 
+TEST(RegionalNow, keeps_the_settings_year_where_there_is_no_clock) {
+  Platform platform;
+  platform.regional.thisYear = 2031;
+  const PlatformInstallation installation(platform);
+  EXPECT_EQ(regionalNow().thisYear, 2031);
+}
+
 TEST(RegionalNow, is_spanish_where_nothing_is_installed) {
   EXPECT_EQ(regionalNow().decimal, u',');
   EXPECT_EQ(regionalNow().trueWord, u"Verdadero");

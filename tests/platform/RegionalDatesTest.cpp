@@ -231,6 +231,7 @@ TEST(FormatDate, fills_patterns_without_regard_to_case) {
       {u"nn", u"05"},
       {u"mm:ss", u"03:08"},
       {u"hh dd mm", u"09 07 03"},
+      {u"ss mm", u"08 03"},
       {u"hhmmss", u"090508"},
       {u"", u""},
   };

@@ -89,6 +89,14 @@ TEST_F(WindowPlace, is_read_as_whole_numbers_with_comma_or_point) {
             (Lines{u"Top = 100", u"Left = 200", u"Width = 8000", u"Height = 5002", u"WindowState = 0"}));
 }
 
+TEST_F(WindowPlace, is_read_with_comma_or_point_under_other_settings_too) {
+  here.platform.regional.decimal = u'.';
+  here.platform.regional.grouping = u',';
+  store(u"0", u"100,5", u"200.4", u"8000.0", u"5001,5");
+  EXPECT_EQ(restored(),
+            (Lines{u"Top = 100", u"Left = 200", u"Width = 8000", u"Height = 5002", u"WindowState = 0"}));
+}
+
 TEST_F(WindowPlace, may_lie_beyond_16_bits) {
   here.screen.screenWidth = 60000;
   store(u"0", u"0", u"40000", u"15000", u"5000");

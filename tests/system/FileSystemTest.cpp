@@ -295,6 +295,14 @@ TEST_F(Folders, a_temporary_folder_of_all_users_has_a_private_one_for_each) {
   unsetenv("TMPDIR");
 }
 
+TEST_F(Folders, a_temporary_folder_of_another_user_has_a_private_one_too) {
+  if (geteuid() != 0) GTEST_SKIP() << "only the superuser can give a folder away";
+  ASSERT_EQ(chown(tree.path().c_str(), 65534, 0), 0);
+  setenv("TMPDIR", tree.path().c_str(), 1);
+  EXPECT_EQ(files.temporaryFolder(), tree.logic(u"ovalia-0\\"));
+  unsetenv("TMPDIR");
+}
+
 TEST_F(Folders, a_private_temporary_folder_that_is_another_users_is_70) {
   if (geteuid() != 0) GTEST_SKIP() << "only the superuser can lay another user's folder";
   fs::permissions(tree.path(), fs::perms::all | fs::perms::sticky_bit);
