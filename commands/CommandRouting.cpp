@@ -1,6 +1,5 @@
 #include "commands/CommandRouting.h"
 
-#include <algorithm>
 #include <span>
 
 #include "attachments/AddingAttachments.h"

@@ -241,10 +241,11 @@ TEST_F(CommandRouting, the_moves_are_reached_through_both_groups) {
 // "Documentos".
 
 TEST_F(CommandRouting, opening_the_document_menus_refreshes_their_tools) {
-  const std::pair<TextView, TextView> menus[] = {{u"Documentos", u"ID_mnuDocumentos"},
-                                                 {u"ListView", u"ID_mnuLsvEnDoc"}};
+  const struct {
+    TextView group, id;
+  } menus[] = {{u"Documentos", u"ID_mnuDocumentos"}, {u"ListView", u"ID_mnuLsvEnDoc"}};
   for (const TextView kind : allKinds) {
-    for (const auto& [group, id] : menus) {
+    for (const auto& menu : menus) {
       openOn(kind, [&] {
         attachments().Add({u"120F00.doc", u"Contrato.doc", u"doc"});
         attachments().select(1);
@@ -252,7 +253,7 @@ TEST_F(CommandRouting, opening_the_document_menus_refreshes_their_tools) {
         for (const TextView tool : {u"ID_Abrir", u"ID_Pegar"})
           form().toolbars().tool(tool)->setEnabled(false);
         here.clipboard.holdsFiles = true;
-        command(group, id);
+        command(menu.group, menu.id);
         EXPECT_TRUE(enabled(u"ID_Abrir"));
         EXPECT_TRUE(enabled(u"ID_Pegar"));
       });
