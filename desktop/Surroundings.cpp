@@ -13,6 +13,8 @@
 #include "desktop/Mailer.h"
 #include "desktop/PickList.h"
 #include "desktop/QtText.h"
+#include "desktop/SearchDialog.h"
+#include "desktop/SearchDialogObject.h"
 #include "system/FileSystem.h"
 #include "system/SystemClock.h"
 
@@ -64,6 +66,8 @@ Surroundings::Surroundings(AppInfo app) : parts_(std::make_unique<Parts>()) {
   parts.objects.add(u"ZipLibrary.CGZipFiles", makeArchiver);
   parts.objects.add(u"Zandrel.CZandrel", [] { return makeMailer(); });
   parts.objects.add(u"Trivane.CTrivane", makePickList);
+  parts.objects.add(u"Mosken.CMosken",
+                    [wish = std::make_shared<SearchWish>()] { return makeSearchDialog(wish); });
   installViews();
 }
 
