@@ -1,5 +1,6 @@
 #include <gtest/gtest-spi.h>
 
+#include "cards/Filling.h"
 #include "tests/cardkit/CardTest.h"
 
 namespace ovalia {
@@ -35,6 +36,8 @@ TEST_F(Stage, the_walker_names_the_control_that_differs_from_its_field) {
   for (const TextView tipo : {u"Nota", u"Visita", u"Anuncio", u"Llamada"})
     openCard(tipo, {}, [&] {
       EXPECT_TRUE(guiltyControls(instance).empty());
+      const Filling filling(form());
+      instance.EstadoFicha = cargando;
       for (const forms::ControlRef& shown : form().controls()) {
         const Variant different = other(*shown);
         if (different.isEmpty()) continue;
@@ -45,6 +48,7 @@ TEST_F(Stage, the_walker_names_the_control_that_differs_from_its_field) {
         EXPECT_TRUE(guilty[0].starts_with(toUtf8(shown->Name()))) << guilty[0];
         shown->setValue(before);
       }
+      instance.EstadoFicha = limpia;
     });
 }
 
@@ -75,6 +79,7 @@ TEST_F(Stage, a_user_cannot_do_what_a_user_cannot) {
     EXPECT_NONFATAL_FAILURE(user.unticks(u"chkAvisoNota"), "already");
     form().toolbars().tool(u"ID_Guardar")->setEnabled(false);
     EXPECT_NONFATAL_FAILURE(user.clicks(u"ID_Guardar"), "disabled");
+    putAway();
   });
 }
 

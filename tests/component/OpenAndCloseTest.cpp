@@ -1,5 +1,6 @@
 #include "component/OpenAndClose.h"
 
+#include "cards/Closing.h"
 #include "instance/Kinds.h"
 #include "tests/cardkit/CardTest.h"
 
