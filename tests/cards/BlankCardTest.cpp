@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "cards/RecordToCard.h"
+#include "cards/Saving.h"
 #include "tests/cardkit/CardTest.h"
 
 namespace ovalia {
@@ -308,6 +308,19 @@ TEST_F(BlankCard, blanking_a_card_that_shows_a_record_counts_as_an_edit) {
     FichaLimpia(instance);
     EXPECT_EQ(state(), modificada);
     putAway();
+  });
+}
+
+TEST_F(BlankCard, saving_a_record_that_was_blanked_over_speaks_of_another_user_and_shows_it_again) {
+  openCard(u"Nota", {}, [&] {
+    FichaLimpia(instance);
+    expectBox(
+        u"La ficha acaba de ser modificada por otro usuario.\r\nSus cambios son cancelados y se visualiza "
+        u"la última modificación.",
+        48, u"Guardar");
+    Guardar(instance, u"NoPreguntar");
+    EXPECT_EQ(card(u"txtAsunto"), u"Llaves en portería");
+    EXPECT_EQ(state(), limpia);
   });
 }
 

@@ -2,69 +2,21 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
-#include <ostream>
-#include <string_view>
+#include <utility>
 #include <vector>
 
-#include "tests/cardkit/CardTest.h"
-#include "tests/kit/FakeRecordset.h"
+#include "cards/Saving.h"
+#include "tests/cards/NewRows.h"
 
 namespace ovalia {
 namespace {
 
+using NewAnnotation = kit::NewRows;
+
 const Text notFound = u"Por favor, guarde los cambios antes de generar una nueva anotación.";
 const Text noneInserted = u"Error en nueva nota.";
 
-// The clock stands at this moment; the agency's user is Carmen Soler, key 3, the parent record 120.
 const Text moment = u"#03/09/26 10:20:30#";
-
-class NewAnnotation : public kit::CardTest {
- protected:
-  void SetUp() override {
-    CardTest::SetUp();
-    advertisement->answering(u"", [](Arguments asked) -> Variant {
-      return sameName(asked[0].toText(), u"IdAnota") ? Variant(77) : Variant(Null);
-    });
-    dynamic_cast<kit::FakeObject&>(*host.FichaInm->property(u"datAnuncio").toObject())
-        .with(u"Recordset", advertisement);
-  }
-
-  // A list into which a statement inserts a row of this moment by this user, found by the criterion alone.
-  void givenNewRows(TextView tipo, const std::vector<Text>& without = {}) {
-    givenList(tipo, {{}}, without);
-    database->onExecute = [this, tipo = Text(tipo)](TextView) {
-      const int place = static_cast<int>(list->rows.size());
-      list->add(kit::annotation(tipo, list->columns, place,
-                                {{u"IdUsuario", 3}, {u"FechaAlta", kit::on(2026, 3, 9, 10, 20, 30)}}));
-      return 1;
-    };
-    recognise(nota.crs);
-  }
-
-  // The double knows no dates in criteria: a row made at this moment is the one.
-  void recognise(const dao::RecordsetRef& rows) {
-    dynamic_cast<kit::FakeRecordset&>(*rows).matcher = [this](TextView, const kit::FakeRow& row) {
-      return row.values.at(list->column(u"FechaAlta")).toDate() == kit::on(2026, 3, 9, 10, 20, 30);
-    };
-  }
-
-  std::vector<Text> criteria() const { return dynamic_cast<kit::FakeRecordset&>(*nota.crs).criteria; }
-
-  // Opens a card on the first row, makes a new annotation and runs what is to be said of it.
-  void create(
-      bool expected, const std::function<void()>& then = [] {}) {
-    openCard([&, expected] {
-      EXPECT_EQ(Nuevo(instance), expected);
-      then();
-      putAway();
-    });
-  }
-
-  bool rowInserted() const { return list->rows.size() == 2; }
-
-  std::shared_ptr<kit::FakeObject> advertisement = std::make_shared<kit::FakeObject>();
-};
 
 TEST_F(NewAnnotation, the_statement_has_the_columns_that_the_list_shows) {
   struct Row {
@@ -276,6 +228,41 @@ TEST_F(NewAnnotation, the_host_is_asked_to_reload_and_then_to_complete_the_new_r
   });
 }
 
+TEST_F(NewAnnotation, the_first_save_writes_every_control_over_what_the_host_completed) {
+  const auto completes = [&](const kit::Fields& fields) {
+    host.answers.CompletarNueva = [fields](Text&, dao::RecordsetRef& rows) {
+      rows->Edit();
+      for (const auto& [name, value] : fields) rows->setValue(name, value);
+      rows->Update();
+    };
+  };
+  givenNewRows(u"Visita");
+  completes({{u"Asunto", u"Segunda visita"},
+             {u"Donde", u"En la oficina"},
+             {u"Categorias", u"Del host"},
+             {u"Notas", u"Del host"},
+             {u"IdCliente", 22},
+             {u"IdComercial", 1}});
+  create(true, [&] {
+    Guardar(instance, u"NoPreguntar");
+    EXPECT_EQ(stored(u"Asunto", 2).text(), u"Segunda visita");
+    EXPECT_EQ(stored(u"Donde", 2).text(), u"En la oficina");
+    EXPECT_EQ(stored(u"Categorias", 2).text(), u"");
+    EXPECT_EQ(stored(u"Notas", 2).text(), u"");
+    EXPECT_TRUE(stored(u"IdCliente", 2).isNull());
+    EXPECT_EQ(stored(u"IdComercial", 2).toLong(), 3) << "the user who works";
+  });
+  givenNewRows(u"Nota");
+  completes(
+      {{u"Asunto", u"Del host"}, {u"Categorias", u"Del host"}, {u"Notas", u"Del host"}, {u"NArchivos", 7}});
+  create(true, [&] {
+    Guardar(instance, u"NoPreguntar");
+    for (const TextView lost : {u"Asunto", u"Categorias", u"Notas"})
+      EXPECT_EQ(stored(Text(lost), 2).text(), u"") << toUtf8(lost);
+    EXPECT_EQ(stored(u"NArchivos", 2).toLong(), 7) << "no card shows it";
+  });
+}
+
 TEST_F(NewAnnotation, a_recordset_that_the_host_puts_in_its_place_is_searched) {
   givenNewRows(u"Nota");
   const dao::RecordsetRef before = nota.crs;
@@ -465,98 +452,6 @@ TEST_F(NewAnnotation, a_call_without_an_advertisement_on_the_hosts_form_is_repor
     EXPECT_TRUE(database->executed.empty());
   });
 }
-
-// Everything that the creation asks of its surroundings, failing in turn, and what is left then.
-class FailingSurroundings;
-
-struct Failing {
-  const char* what;
-  void (*arrange)(FailingSurroundings& test);
-  std::int32_t number;
-  enum Reached { nothing, inserted, completed, created } reached = nothing;
-  TextView report = u"Nuevo de CNota";
-};
-
-void PrintTo(const Failing& row, std::ostream* out) { *out << row.what; }
-
-class FailingSurroundings : public NewAnnotation, public testing::WithParamInterface<Failing> {
- public:
-  using NewAnnotation::here;
-  using NewAnnotation::host;
-  using NewAnnotation::nota;
-
-  void missing(kit::FakeObject& object, TextView member) { object.failing(member, failure::noSuchMember); }
-  void failNext(std::string_view operation, std::int32_t number) { here.faults.failNext(operation, number); }
-};
-
-TEST_P(FailingSurroundings, are_reported_and_what_was_done_stays_done) {
-  const Failing& row = GetParam();
-  givenNewRows(u"Nota");
-  openCard([&] {
-    row.arrange(*this);
-    expectReport(Text(row.report), row.number);
-    EXPECT_EQ(Nuevo(instance), row.reached == Failing::created);
-    EXPECT_EQ(rowInserted(), row.reached >= Failing::inserted);
-    std::vector<Text> events;
-    if (row.reached >= Failing::inserted) events.push_back(u"CargaRegistros(Nota, NotaIP)");
-    if (row.reached >= Failing::completed) events.push_back(u"CompletarNueva(Nota)");
-    EXPECT_EQ(host.events, events);
-    EXPECT_EQ(state(), row.reached == Failing::created ? nueva : limpia);
-    putAway();
-  });
-}
-
-constexpr Failing failing[] = {
-    {"the host's main form", [](FailingSurroundings& t) { t.nota.frmBase.reset(); }, failure::objectNotSet},
-    {"the form on top", [](FailingSurroundings& t) { t.host.shows(nullptr); }, failure::objectNotSet},
-    {"its controller", [](FailingSurroundings& t) { t.missing(*t.host.FichaInm, u"vClase"); },
-     failure::noSuchMember},
-    {"the parent's key", [](FailingSurroundings& t) { t.missing(t.host.vClase(), u"IdRegistro"); },
-     failure::noSuchMember},
-    {"a parent's key that is Null", [](FailingSurroundings& t) { t.host.vClase().with(u"IdRegistro", Null); },
-     failure::invalidUseOfNull},
-    {"the look-up of the user",
-     [](FailingSurroundings& t) { t.failNext("Database.OpenRecordset", dao::failure::locked); },
-     dao::failure::locked},
-    {"the user's key", [](FailingSurroundings& t) { t.failNext("Field.Value", dao::failure::locked); },
-     dao::failure::locked},
-    {"the list", [](FailingSurroundings& t) { t.nota.crs.reset(); }, failure::objectNotSet},
-    {"the statement", [](FailingSurroundings& t) { t.failNext("Database.Execute", dao::failure::readOnly); },
-     dao::failure::readOnly},
-    {"the host's reload",
-     [](FailingSurroundings& t) {
-       t.host.answers.CargaRegistros = [](Text&, Text&) { throw Failure(dao::failure::locked); };
-     },
-     dao::failure::locked, Failing::inserted},
-    {"the reading of the list anew",
-     [](FailingSurroundings& t) { t.failNext("Recordset.Requery", dao::failure::locked); },
-     dao::failure::locked, Failing::inserted},
-    {"the list after the reload",
-     [](FailingSurroundings& t) {
-       t.host.answers.CargaRegistros = [&t](Text&, Text&) { t.nota.crs.reset(); };
-     },
-     failure::objectNotSet, Failing::inserted},
-    {"the search",
-     [](FailingSurroundings& t) { t.failNext("Recordset.Find", dao::failure::criterionSyntax); },
-     dao::failure::criterionSyntax, Failing::inserted},
-    {"the host's completion",
-     [](FailingSurroundings& t) {
-       t.host.answers.CompletarNueva = [](Text&, dao::RecordsetRef&) { throw Failure(dao::failure::locked); };
-     },
-     dao::failure::locked, Failing::completed},
-    {"the blanking of the card",
-     [](FailingSurroundings& t) {
-       t.host.answers.CompletarNueva = [&t](Text&, dao::RecordsetRef&) { t.nota.cUsuario = u"Nadie"; };
-     },
-     failure::notInList, Failing::created, u"FichaLimpia de CNota"},
-    {"the tools",
-     [](FailingSurroundings& t) {
-       t.host.answers.CompletarNueva = [](Text&, dao::RecordsetRef& rows) { rows.reset(); };
-     },
-     failure::objectNotSet, Failing::created, u"CambiarMenu de CNota"},
-};
-
-INSTANTIATE_TEST_SUITE_P(NewAnnotation, FailingSurroundings, testing::ValuesIn(failing));
 
 }  // namespace
 }  // namespace ovalia
