@@ -36,9 +36,9 @@ constexpr std::array steps{
     StepRow{SearchMode::First, u"&Primero", u"Buscar desde el principio de la lista",
             u"No se ha encontrado en ninguna ficha de la lista.", 0},
     StepRow{SearchMode::Next, u"&Siguiente", u"Buscar hacia delante (F3)",
-            u"No hay más hacia delante. Sigue la misma ficha.", Qt::Key_F3},
+            u"No hay más hacia delante: la ficha es la misma.", Qt::Key_F3},
     StepRow{SearchMode::Previous, u"&Anterior", u"Buscar hacia atrás (Mayús+F3)",
-            u"No hay más hacia atrás. Sigue la misma ficha.", int(Qt::SHIFT) | int(Qt::Key_F3)},
+            u"No hay más hacia atrás: la ficha es la misma.", int(Qt::SHIFT) | int(Qt::Key_F3)},
 };
 
 // Which days count as hits, by the days that are entered.
@@ -115,6 +115,14 @@ void SearchDialog::build() {
   for (QWidget* part : std::initializer_list<QWidget*>{first_, andLabel_, second_}) row->addWidget(part);
   row->addStretch();
   grid->addWidget(days_, 2, 1);
+
+  // The window keeps its size whatever it asks for.
+  for (QWidget* part : std::initializer_list<QWidget*>{textLabel_, text_, whole_, accents_, periodLabel_,
+                                                       period_, days_, andLabel_, second_}) {
+    QSizePolicy policy = part->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    part->setSizePolicy(policy);
+  }
 
   message_ = new QLabel(this);
   message_->setObjectName(QStringLiteral("mensaje"));

@@ -12,6 +12,8 @@
 #include "desktop/PickerEdit.h"
 #include "platform/Text.h"
 
+class QVBoxLayout;
+
 namespace ovalia::desktop {
 
 struct SearchField {
@@ -46,7 +48,7 @@ class SearchDialog : public QDialog {
 
  private:
   void build();
-  void buildButtons(class QVBoxLayout& column);
+  void buildButtons(QVBoxLayout& column);
   PickerEdit* addPicker(const char* name, Date& day);
   void showWish();
   void placeBeside(const QWidget& owner);

@@ -27,6 +27,13 @@ std::vector<SearchField> fieldsOf(const Variant& array) {
   return fields;
 }
 
+// The window that the user is at. One that has closed may go at any moment and take its own with it.
+QWidget* owner() {
+  QWidget* window = QApplication::activeModalWidget();
+  if (!window) window = QApplication::activeWindow();
+  return window && window->isVisible() ? window : nullptr;
+}
+
 void show(Object& dialog, SearchWish& wish) {
   const Variant card = dialog.get(u"VentanaJefa");
   const ObjectRef found = card.isObject() ? card.toObject() : nullptr;
@@ -34,10 +41,8 @@ void show(Object& dialog, SearchWish& wish) {
   const auto search = [found](SearchMode mode, const Text& criterion) {
     return callMember(found, u"BuscarElemento", {std::int16_t(mode), criterion}).toBoolean();
   };
-  QWidget* owner = QApplication::activeModalWidget();
-  if (!owner) owner = QApplication::activeWindow();
   const QPointer<SearchDialog> window =
-      new SearchDialog(fieldsOf(dialog.get(u"BuscarEn")), search, wish, owner);
+      new SearchDialog(fieldsOf(dialog.get(u"BuscarEn")), search, wish, owner());
   window->exec();
   delete window;
 }

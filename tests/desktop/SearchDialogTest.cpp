@@ -1,6 +1,7 @@
 #include "desktop/SearchDialog.h"
 
 #include <QAbstractButton>
+#include <QClipboard>
 #include <QDialog>
 #include <QDir>
 #include <QTimer>
@@ -202,9 +203,9 @@ TEST_F(Searching, the_end_in_each_direction_is_told_and_the_dialog_stays) {
     press(Qt::Key_Return);
     found = false;
     press(Qt::Key_Return);
-    EXPECT_EQ(message(), "No hay más hacia delante. Sigue la misma ficha.");
+    EXPECT_EQ(message(), "No hay más hacia delante: la ficha es la misma.");
     press(Qt::Key_F3, Qt::ShiftModifier);
-    EXPECT_EQ(message(), "No hay más hacia atrás. Sigue la misma ficha.");
+    EXPECT_EQ(message(), "No hay más hacia atrás: la ficha es la misma.");
     found = true;
     press(Qt::Key_Return);
     EXPECT_EQ(message(), "La ficha muestra una coincidencia.");
@@ -306,6 +307,7 @@ TEST_F(Searching, a_date_field_asks_for_days_in_place_of_a_text) {
   search([&] {
     EXPECT_TRUE(part("texto")->isVisible());
     EXPECT_FALSE(part("periodo")->isVisible());
+    const QSize size = window->size();
     choose("campo", "Fecha Actualización");
     for (const char* name : {"texto", "completo", "acentos"}) EXPECT_FALSE(part(name)->isVisible()) << name;
     EXPECT_TRUE(part("periodo")->isVisible());
@@ -313,6 +315,8 @@ TEST_F(Searching, a_date_field_asks_for_days_in_place_of_a_text) {
     EXPECT_FALSE(part("segunda")->isVisible());
     choose("periodo", "Entre el");
     EXPECT_TRUE(part("segunda")->isVisible());
+    QApplication::processEvents();
+    EXPECT_EQ(window->size(), size);
     choose("campo", "Notas");
     EXPECT_TRUE(part("texto")->isVisible());
     EXPECT_FALSE(part("segunda")->isVisible());
@@ -462,6 +466,17 @@ TEST_F(Searching, stands_above_a_modal_card_takes_its_input_and_leaves_it_in_vie
     EXPECT_TRUE(behind->isVisible());
     EXPECT_EQ(behind->size(), size);
   });
+}
+
+TEST_F(Searching, does_not_go_with_a_window_that_has_closed) {
+  auto* closed = new QWidget;
+  closed->show();
+  QApplication::setActiveWindow(closed);
+  closed->hide();
+  QApplication::setActiveWindow(closed);
+  ASSERT_EQ(QApplication::activeWindow(), closed);
+  closed->deleteLater();
+  search([&] { EXPECT_EQ(window->parentWidget(), nullptr); });
 }
 
 TEST(SearchPlace, is_beside_the_card_where_there_is_room) {

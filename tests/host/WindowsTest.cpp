@@ -1,4 +1,3 @@
-#include <QApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -9,17 +8,10 @@
 #include "host/BulkFile.h"
 #include "host/MainWindow.h"
 #include "tests/host/HostTest.h"
+#include "tests/host/Toolkit.h"
 
 namespace ovalia::host {
 namespace {
-
-QApplication& application() {
-  static int count = 1;
-  static char name[] = "test_host";
-  static char* arguments[] = {name, nullptr};
-  static QApplication made(count, arguments);
-  return made;
-}
 
 void press(QWidget& widget, int key) {
   QKeyEvent down(QEvent::KeyPress, key, Qt::NoModifier);

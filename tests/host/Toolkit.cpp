@@ -1,0 +1,13 @@
+#include "tests/host/Toolkit.h"
+
+namespace ovalia::host {
+
+QApplication& application() {
+  static int count = 1;
+  static char name[] = "test_host";
+  static char* arguments[] = {name, nullptr};
+  static QApplication made(count, arguments);
+  return made;
+}
+
+}  // namespace ovalia::host
