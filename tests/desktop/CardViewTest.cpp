@@ -464,6 +464,25 @@ TEST_F(View, the_form_may_go_while_one_of_its_widgets_handles_an_event) {
   }
 }
 
+TEST_F(View, the_form_may_go_while_a_handler_of_it_waits_for_a_dialog) {
+  QPointer<CardWindow> window;
+  form->on = [&](const std::string& entry) {
+    if (entry != "Change txtUno") return;
+    QTimer::singleShot(0, [&] { form->Unload(); });
+    QTimer::singleShot(100, [] { QApplication::activeModalWidget()->close(); });
+    QDialog box;
+    box.setModal(true);
+    box.exec();
+    EXPECT_TRUE(window);  // the letter is still being typed
+  };
+  up([&] {
+    window = windowOf(*form);
+    typeText(target(u"txtUno"), QStringLiteral("x"));
+    EXPECT_FALSE(form->loaded());
+  });
+  EXPECT_TRUE(eventually([&] { return !window; }));
+}
+
 TEST_F(View, a_failure_in_a_handler_is_logged_and_does_not_cross_the_loop) {
   form->on = [](const std::string& entry) {
     if (entry == "Change txtUno") throw Failure(failure::typeMismatch);
