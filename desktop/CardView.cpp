@@ -9,7 +9,7 @@ CardView::CardView(forms::Form& form) : window_(new CardWindow(form)) {}
 CardView::~CardView() {
   if (!window_) return;
   window_->release();
-  window_->deleteLater();
+  window_->retire();
 }
 
 void CardView::show() { window_->showForm(); }

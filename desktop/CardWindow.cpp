@@ -3,7 +3,8 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QScreen>
-#include <QScrollBar>
+#include <QThread>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <QWindow>
 
@@ -81,12 +82,21 @@ CardWindow::~CardWindow() { release(); }
 void CardWindow::release() {
   if (!form_) return;
   form_ = nullptr;
-  qApp->removeEventFilter(this);
+  if (qApp) qApp->removeEventFilter(this);
   endModal();
   byWidget_.clear();
   controls_.clear();
   bars_.reset();
   hide();
+}
+
+// In a loop within this window's own, a handler of one of its widgets may be waiting for a dialog.
+void CardWindow::retire() {
+  constexpr int shortly = 20;
+  if (loopLevel_ > 0 && QThread::currentThread()->loopLevel() > loopLevel_)
+    QTimer::singleShot(shortly, this, [this] { retire(); });
+  else
+    deleteLater();
 }
 
 void CardWindow::buildControls() {
@@ -207,8 +217,10 @@ void CardWindow::showForm() {
 void CardWindow::runModal() {
   QEventLoop loop;
   loop_ = &loop;
-  // Released meanwhile, the window still stands until this loop has ended.
+  loopLevel_ = QThread::currentThread()->loopLevel() + 1;
+  const QPointer<CardWindow> self(this);
   loop.exec();
+  if (self && loop_ == &loop) loop_ = nullptr;
 }
 
 void CardWindow::endModal() {

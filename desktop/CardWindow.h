@@ -20,7 +20,10 @@ class CardWindow : public QWidget {
   explicit CardWindow(forms::Form& form);
   ~CardWindow() override;
 
+  // Forgets the form and hides. `retire` deletes the window as soon as no handler of its widgets can be
+  // running.
   void release();
+  void retire();
 
   void showForm();
   void runModal();
@@ -73,6 +76,7 @@ class CardWindow : public QWidget {
   std::map<const forms::Control*, ControlWidgetPtr> controls_;
   std::map<const QWidget*, ControlWidget*> byWidget_;
   QEventLoop* loop_ = nullptr;
+  int loopLevel_ = 0;  // of the modal show
   Asked<QPoint> askedPlace_;
   Asked<QSize> askedSize_;
   QPoint reportedPlace_;

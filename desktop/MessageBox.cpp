@@ -1,12 +1,14 @@
 #include "desktop/MessageBox.h"
 
-#include <QApplication>
 #include <QCloseEvent>
 #include <QInputDialog>
 #include <QKeyEvent>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 #include <array>
+
+#include "desktop/DialogOwner.h"
 
 namespace ovalia::desktop {
 
@@ -77,17 +79,14 @@ QString textOf(Code code) { return QString::fromUtf16(buttonRows[code].text); }
 
 QString lines(QString text) { return text.replace(QStringLiteral("\r\n"), QStringLiteral("\n")); }
 
-QWidget* owner() {
-  if (QWidget* modal = QApplication::activeModalWidget()) return modal;
-  return QApplication::activeWindow();
-}
-
 }  // namespace
 
 int showMessageBox(const QString& message, int flags, const QString& title) {
   const auto kind = static_cast<std::size_t>(flags & 15);
   const BoxRow& row = boxRows[kind < boxRows.size() ? kind : 0];
-  Box box(owner());
+  // Gone after its loop when the window under it has gone; the answer is then that of its close box.
+  const QPointer<Box> kept(new Box(dialogOwner()));
+  Box& box = *kept;
   box.setWindowTitle(title);
   box.setTextFormat(Qt::PlainText);
   box.setText(lines(message));
@@ -106,20 +105,28 @@ int showMessageBox(const QString& message, int flags, const QString& title) {
   }
   box.mustAnswer = row.escape == None;
   box.exec();
+  Code answer = row.escape == None ? No : row.escape;
+  if (!kept) return answer;
   for (std::size_t i = 0; i < made.size(); ++i)
-    if (made[i] && box.clickedButton() == made[i]) return row.buttons[i];
-  return row.escape == None ? No : row.escape;
+    if (made[i] && box.clickedButton() == made[i]) answer = row.buttons[i];
+  delete kept;
+  return answer;
 }
 
 QString showInputBox(const QString& prompt, const QString& title, const QString& initial) {
-  QInputDialog box(owner());
+  const QPointer<QInputDialog> kept(new QInputDialog(dialogOwner()));
+  QInputDialog& box = *kept;
   box.setWindowTitle(title);
   box.setLabelText(lines(prompt));
   box.setTextValue(initial);
   box.setOkButtonText(textOf(Ok));
   box.setCancelButtonText(textOf(Cancel));
   box.setWindowModality(Qt::ApplicationModal);
-  return box.exec() == QDialog::Accepted ? box.textValue() : QString();
+  const bool accepted = box.exec() == QDialog::Accepted;
+  if (!kept) return {};
+  const QString text = accepted ? box.textValue() : QString();
+  delete kept;
+  return text;
 }
 
 }  // namespace ovalia::desktop

@@ -1,8 +1,6 @@
 #include "desktop/PickList.h"
 
-#include <QApplication>
-#include <map>
-
+#include "desktop/DialogOwner.h"
 #include "desktop/PickListDialog.h"
 #include "platform/Platform.h"
 
@@ -39,16 +37,14 @@ bool show(Object& list) {
                      .key = fieldOf(value(u"IdCampo")),
                      .select = value(u"SQLSentencia").text(),
                      .numbersItself = value(u"NuevoId").toBoolean()});
-  QWidget* owner = QApplication::activeModalWidget();
-  PickListDialog dialog(source,
-                        {.title = value(u"TituloForm").text(),
-                         .chosen = value(u"Seleccionar").text(),
-                         .width = value(u"anchura").toDouble(),
-                         .mayAdd = value(u"Op_Nuevo").toBoolean(),
-                         .mayRename = value(u"Op_Modificar").toBoolean(),
-                         .mayDelete = value(u"Op_Borrar").toBoolean(),
-                         .offersAll = value(u"Op_Todos").toBoolean()},
-                        owner ? owner : QApplication::activeWindow());
+  PickListDialog dialog(source, {.title = value(u"TituloForm").text(),
+                                 .chosen = value(u"Seleccionar").text(),
+                                 .width = value(u"anchura").toDouble(),
+                                 .mayAdd = value(u"Op_Nuevo").toBoolean(),
+                                 .mayRename = value(u"Op_Modificar").toBoolean(),
+                                 .mayDelete = value(u"Op_Borrar").toBoolean(),
+                                 .offersAll = value(u"Op_Todos").toBoolean()});
+  standOver(dialog, dialogOwner());
   dialog.load();
   const bool chosen = dialog.exec() == QDialog::Accepted;
   if (chosen) list.put(u"Seleccionar", dialog.chosen());

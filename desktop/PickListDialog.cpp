@@ -32,8 +32,8 @@ QString folded(const QString& text) {
 
 }  // namespace
 
-PickListDialog::PickListDialog(ListSource& source, const Settings& settings, QWidget* parent)
-    : QDialog(parent), source_(source), settings_(settings) {
+PickListDialog::PickListDialog(ListSource& source, const Settings& settings)
+    : source_(source), settings_(settings) {
   setWindowTitle(toQt(settings.title));
   setWindowModality(Qt::ApplicationModal);
   setObjectName(QStringLiteral("listado"));
@@ -190,12 +190,11 @@ bool PickListDialog::tried(TextView name, const std::function<void()>& change) {
 
 void PickListDialog::add() {
   const Text name = askName(u"Nombre del nuevo elemento:", fromQt(search_->text().trimmed()), nullptr);
-  const Text wanted = name.empty() ? Text() : name;
-  if (wanted.empty() || !tried(wanted, [&] { source_.add(wanted); })) return;
-  added_ = wanted;
+  if (name.empty() || !tried(name, [&] { source_.add(name); })) return;
+  added_ = name;
   search_->clear();
   fill();
-  select(wanted);
+  select(name);
 }
 
 void PickListDialog::rename() {

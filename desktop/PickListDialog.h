@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <functional>
 
 #include "desktop/ListSource.h"
 
@@ -22,7 +23,7 @@ class PickListDialog : public QDialog {
     bool offersAll = false;  // a first line "(Todos)", which chooses ""
   };
 
-  PickListDialog(ListSource& source, const Settings& settings, QWidget* parent);
+  PickListDialog(ListSource& source, const Settings& settings);
 
   // Reads the rows; a failure goes to the caller.
   void load();

@@ -45,6 +45,7 @@ PickerEdit::PickerEdit(Kind kind, bool nullable, QWidget* parent) : QWidget(pare
       QRegularExpression(kind == Day ? QStringLiteral("[0-9 ./-]{0,10}") : QStringLiteral("[0-9 :.]{0,8}")),
       edit_));
   connect(edit_, &QLineEdit::textEdited, this, [this] { typed(); });
+  edit_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
   row->addWidget(edit_, 1);
   setFocusProxy(edit_);
   if (kind == Day) {

@@ -117,6 +117,7 @@ std::size_t KeySet::firstNotBelow(std::int64_t wanted) const {
     const double share = (static_cast<double>(wanted) - static_cast<double>(first)) /
                          (static_cast<double>(last) - static_cast<double>(first));
     const std::size_t at = low + static_cast<std::size_t>(share * static_cast<double>(high - 1 - low));
+    if (key(ranked(at)) == wanted && (at == 0 || key(ranked(at - 1)) < wanted)) return at;
     const std::size_t below = at > low + margin ? at - margin : low;
     const std::size_t above = std::min(at + margin, high - 1);
     if (key(ranked(above)) < wanted) {

@@ -19,11 +19,26 @@ constexpr std::array typesOfValues{
     TypeOfValue{VarType::Double, dao::dbDouble},     TypeOfValue{VarType::Date, dao::dbDate},
 };
 
+// Length, first and last letter without case; 0 for a name that is not all ASCII, which only a full
+// comparison can tell from another.
+std::uint32_t signatureOf(TextView name) {
+  char16_t all = 0;
+  for (const char16_t c : name) all |= c;
+  if (name.empty() || all > 0x7F) return 0;
+  return static_cast<std::uint32_t>(name.size()) << 16 |
+         static_cast<std::uint32_t>(name.front() | 0x20) << 8 |
+         static_cast<std::uint32_t>(name.back() | 0x20);
+}
+
 }  // namespace
 
 RecordFields::RecordFields(FieldOwner& owner, FieldInfos infos) : owner_(owner), infos_(std::move(infos)) {
   fields_.reserve(infos_->size());
-  for (const FieldInfo& info : *infos_) fields_.emplace_back(owner, fields_.size(), info);
+  signatures_.reserve(infos_->size());
+  for (const FieldInfo& info : *infos_) {
+    fields_.emplace_back(owner, fields_.size(), info);
+    signatures_.push_back(signatureOf(info.name));
+  }
 }
 
 std::shared_ptr<dao::Field> RecordFields::at(std::size_t position) {
@@ -43,8 +58,11 @@ std::shared_ptr<dao::Field> RecordFields::item(TextView name) {
 bool RecordFields::contains(TextView name) { return position(name).has_value(); }
 
 std::optional<std::size_t> RecordFields::position(TextView name) const {
-  for (std::size_t i = 0; i < infos_->size(); ++i)
-    if (sameColumn((*infos_)[i].name, name)) return i;
+  const std::uint32_t signature = signatureOf(name);
+  for (std::size_t i = 0; i < signatures_.size(); ++i) {
+    const bool perhaps = signature == signatures_[i] || signature == 0 || signatures_[i] == 0;
+    if (perhaps && sameColumn((*infos_)[i].name, name)) return i;
+  }
   return std::nullopt;
 }
 

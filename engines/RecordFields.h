@@ -69,6 +69,7 @@ class RecordFields : public dao::Fields {
 
   FieldOwner& owner_;
   FieldInfos infos_;
+  std::vector<std::uint32_t> signatures_;  // of the names, for a quick look
   std::vector<Field> fields_;
 };
 

@@ -43,8 +43,10 @@ Text writtenName(TextView name, const DialectFacts& facts) {
   return reserved || !plainName(name) ? quotedName(name) : Text(name);
 }
 
-Sentence::Sentence(TextView sql, const DialectFacts& facts)
-    : sql_(sql), facts_(facts), tokens_(tokenize(sql)) {
+Sentence::Sentence(TextView sql, const DialectFacts& facts) : Sentence(sql, tokenize(sql), facts) {}
+
+Sentence::Sentence(TextView sql, std::vector<Token> tokens, const DialectFacts& facts)
+    : sql_(sql), facts_(facts), tokens_(std::move(tokens)) {
   while (!tokens_.empty() && tokens_.back().symbol(u";")) tokens_.pop_back();
   edits_.resize(tokens_.size());
 }

@@ -13,6 +13,7 @@ namespace ovalia::engines {
 class Sentence {
  public:
   Sentence(TextView sql, const DialectFacts& facts);
+  Sentence(TextView sql, std::vector<Token> tokens, const DialectFacts& facts);  // of that very text
 
   std::size_t size() const { return tokens_.size(); }
   const Token& operator[](std::size_t at) const { return tokens_[at]; }

@@ -33,17 +33,17 @@ bool isWhole(std::optional<dao::DataType> type) {
 }
 
 // "column = number", which most searches are.
-std::optional<Criterion> numberOfColumn(const Sentence& sentence, const SelectShape& select) {
-  if (sentence.size() != 3 || !sentence[0].name() || !sentence[1].symbol(u"=") ||
-      sentence[2].kind != Token::Kind::Number)
+std::optional<Criterion> numberOfColumn(const std::vector<Token>& tokens, const SelectShape& select) {
+  if (tokens.size() != 3 || !tokens[0].name() || !tokens[1].symbol(u"=") ||
+      tokens[2].kind != Token::Kind::Number)
     return std::nullopt;
   const Scope scope{select, nullptr, true, true};
-  const OutputColumn* const output = scope.output(sentence[0].value);
+  const OutputColumn* const output = scope.output(tokens[0].value);
   if (!output || !output->table || !isWhole(output->type)) return std::nullopt;
   Criterion result;
   result.onlyColumn = static_cast<std::size_t>(output - select.outputs.data());
   constexpr std::size_t safeDigits = 18;
-  const Text& digits = sentence[2].value;
+  const Text& digits = tokens[2].value;
   if (digits.size() > safeDigits) return std::nullopt;
   for (const char16_t c : digits) {
     if (c < u'0' || c > u'9') return std::nullopt;
@@ -118,8 +118,9 @@ Translation translate(TextView sql, Catalog& catalog, const DialectFacts& facts)
 Criterion translateCriterion(TextView criterion, const SelectShape& select, Catalog& catalog,
                              const DialectFacts& facts) {
   try {
-    Sentence sentence(criterion, facts);
-    if (auto simple = numberOfColumn(sentence, select)) return std::move(*simple);
+    std::vector<Token> tokens = tokenize(criterion);
+    if (auto simple = numberOfColumn(tokens, select)) return std::move(*simple);
+    Sentence sentence(criterion, std::move(tokens), facts);
     return SentenceTranslator(sentence, catalog).criterion(select);
   } catch (const Failure& failure) {
     if (failure.number() != dao::failure::syntax) throw;

@@ -127,7 +127,7 @@ struct MenuRow {
 struct FormDesign {
   TextView name;
   TextView caption;
-  int minimumWidth, minimumHeight;  // also the size at first
+  int minimumWidth, minimumHeight;
   std::span<const ControlDesign> controls;
   std::span<const EventRow> events;
   std::span<const ResizeRow> resizes;
@@ -135,6 +135,10 @@ struct FormDesign {
 
   // Literal names for the error report.
   TextView resizeName, toolName, searchName, cancelName;
+
+  // The size until the user's own is remembered; 0 is the minimum. The places in `controls` are those at the
+  // minimum all the same.
+  int width = 0, height = 0;
 };
 
 // The part of a form's Width and Height that its frame, menu and toolbar take: ScaleWidth and ScaleHeight are

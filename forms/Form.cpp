@@ -1,8 +1,10 @@
 #include "forms/Form.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "platform/Failure.h"
+#include "platform/Platform.h"
 #include "routines/ErrorLog.h"
 
 namespace ovalia::forms {
@@ -16,6 +18,19 @@ void forget(std::vector<std::weak_ptr<Form>>& list, const Form* form) {
   });
 }
 
+struct Size {
+  double width = 0, height = 0;
+};
+
+Size screenSize() {
+  if (!Platform::installed()) return {};
+  Screen& screen = *Platform::current().screen;
+  return {screen.width(), screen.height()};
+}
+
+// Where a window that was never moved stands on one axis.
+double middle(double screen, double window) { return std::max(0.0, std::floor((screen - window) / 2)); }
+
 }  // namespace
 
 Form::Form(const FormDesign& design) : design_(design) {}
@@ -28,9 +43,10 @@ void Form::load() {
   keyPreview_ = false;
   windowState_ = 0;
   caption_ = design_.caption;
-  left_ = top_ = 0;
-  width_ = design_.minimumWidth;
-  height_ = design_.minimumHeight;
+  width_ = design_.width > 0 ? design_.width : design_.minimumWidth;
+  height_ = design_.height > 0 ? design_.height : design_.minimumHeight;
+  left_ = middle(screenSize().width, width_);
+  top_ = middle(screenSize().height, height_);
   for (const ControlDesign& row : design_.controls) controls_.push_back(makeControl(*this, row));
   Runtime& runtime = Runtime::current();
   runtime.loaded_.push_back(weak_from_this());

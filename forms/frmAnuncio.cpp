@@ -99,7 +99,9 @@ constexpr FormDesign design{u"frmAnuncio",
                             u"Resize en frmAnuncio",
                             u"SSAtb_ToolClick de frmNota",
                             u"BuscarElemento de frmVisita",
-                            u"cmdCancelar_Click de frmNuevaNota"};
+                            u"cmdCancelar_Click de frmNuevaNota",
+                            8250,
+                            7200};
 
 }  // namespace
 

@@ -55,7 +55,9 @@ constexpr FormDesign design{u"frmLlamada",
                             u"Resize en frmllamada",
                             u"SSAtb_ToolClick de frmNota",
                             u"BuscarElemento de frmVisita",
-                            u"cmdCancelar_Click de frmNuevaNota"};
+                            u"cmdCancelar_Click de frmNuevaNota",
+                            7800,
+                            5400};
 
 }  // namespace
 

@@ -87,7 +87,9 @@ constexpr FormDesign design{u"frmNota",
                             u"Form_Resize de frmNota",
                             u"SSAtb_ToolClick de frmNota",
                             u"BuscarElemento de frmNota",
-                            u"cmdCancelar_Click de frmNota"};
+                            u"cmdCancelar_Click de frmNota",
+                            8250,
+                            6600};
 
 }  // namespace
 

@@ -126,7 +126,9 @@ constexpr FormDesign design{u"frmVisita",
                             u"Resize en frmVisita",
                             u"SSAtb_ToolClick de frmNota",
                             u"BuscarElemento de frmVisita",
-                            u"cmdCancelar_Click de frmNuevaNota"};
+                            u"cmdCancelar_Click de frmNuevaNota",
+                            8250,
+                            8400};
 
 }  // namespace
 

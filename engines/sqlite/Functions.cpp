@@ -5,6 +5,7 @@
 #include <array>
 #include <cmath>
 #include <ctime>
+#include <memory>
 
 #include "engines/Values.h"
 #include "engines/sqlite/Like.h"
@@ -27,16 +28,14 @@ void giveText(sqlite3_context* context, TextView text) {
 }
 
 // `text LIKE pattern` calls like(pattern, text). A pattern is read once a statement.
-void like(sqlite3_context* context, int count, sqlite3_value** values) {
-  if (anyNull(count, values)) return;
-  auto* pattern = static_cast<LikePattern*>(sqlite3_get_auxdata(context, 0));
-  if (!pattern) {
-    auto* const made = new LikePattern(textOf(values[0]));
-    sqlite3_result_int(context, made->matches(textOf(values[1])));
-    sqlite3_set_auxdata(context, 0, made, [](void* old) { delete static_cast<LikePattern*>(old); });
-    return;
-  }
-  sqlite3_result_int(context, pattern->matches(textOf(values[1])));
+void like(sqlite3_context* context, int, sqlite3_value** values) {
+  if (sqlite3_value_type(values[1]) == SQLITE_NULL) return;
+  if (const auto* const known = static_cast<LikePattern*>(sqlite3_get_auxdata(context, 0)))
+    return sqlite3_result_int(context, known->matches(textOf(values[1])));
+  if (sqlite3_value_type(values[0]) == SQLITE_NULL) return;
+  auto made = std::make_unique<LikePattern>(textOf(values[0]));
+  sqlite3_result_int(context, made->matches(textOf(values[1])));
+  sqlite3_set_auxdata(context, 0, made.release(), [](void* old) { delete static_cast<LikePattern*>(old); });
 }
 
 void left(sqlite3_context* context, int count, sqlite3_value** values) {

@@ -4,6 +4,9 @@
 #include <unicode/uset.h>
 #include <unicode/utf8.h>
 
+#include <algorithm>
+#include <cstring>
+
 namespace ovalia::engines::sqlite {
 namespace {
 
@@ -123,9 +126,13 @@ void LikePattern::markStarts() {
     if (part.first == part.end) continue;
     const Element& first = elements_[part.first];
     if (first.kind == Element::Kind::Character)
-      markLeads(starts_[i], first.character);
+      markLeads(starts_[i].all, first.character);
     else
-      starts_[i].fill(true);
+      starts_[i].all.fill(true);
+    constexpr std::ptrdiff_t searchedOneByOne = 3;
+    if (std::count(starts_[i].all.begin(), starts_[i].all.end(), true) > searchedOneByOne) continue;
+    for (std::size_t byte = 0; byte < starts_[i].all.size(); ++byte)
+      if (starts_[i].all[byte]) starts_[i].few += static_cast<char>(byte);
   }
 }
 
@@ -154,11 +161,20 @@ const char* LikePattern::matchAt(const Part& part, const char* at, const char* e
   return at;
 }
 
+const char* LikePattern::Starts::next(const char* at, const char* end) const {
+  if (few.empty()) {
+    while (at < end && !all[static_cast<unsigned char>(*at)]) ++at;
+    return at;
+  }
+  for (const char byte : few)
+    if (const void* const found = std::memchr(at, byte, static_cast<std::size_t>(end - at)))
+      end = static_cast<const char*>(found);
+  return end;
+}
+
 const char* LikePattern::search(const Part& part, const char* at, const char* end) const {
-  const std::array<bool, 256>& starts = starts_[static_cast<std::size_t>(&part - parts_.data())];
-  for (; at < end; ++at) {
-    while (at < end && !starts[static_cast<unsigned char>(*at)]) ++at;
-    if (at == end) return nullptr;
+  const Starts& starts = starts_[static_cast<std::size_t>(&part - parts_.data())];
+  for (; (at = starts.next(at, end)) < end; ++at) {
     if ((static_cast<unsigned char>(*at) & 0xC0) == 0x80) continue;
     if (const char* const after = matchAt(part, at, end)) return after;
   }

@@ -30,6 +30,12 @@ class LikePattern {
     bool characters;  // nothing but plain characters
   };
 
+  struct Starts {  // bytes that a match can begin with
+    std::array<bool, 256> all{};
+    std::string few;  // the same where they are few
+    const char* next(const char* at, const char* end) const;
+  };
+
   void readSet(std::string_view pattern, std::size_t& at);
   void cutParts();
   void markStarts();
@@ -41,7 +47,7 @@ class LikePattern {
   std::vector<Element> elements_;
   std::vector<Range> ranges_;
   std::vector<Part> parts_;
-  std::vector<std::array<bool, 256>> starts_;  // bytes that a match of the part can begin with
+  std::vector<Starts> starts_;  // of each part
   bool valid_ = true;
 };
 

@@ -17,8 +17,8 @@ class OpenAndClose : public kit::CardTest {
     openCard(whileShown);
     return here.settings.saved;
   }
-  const Names notePlace{u"frmNota|Estado=0", u"frmNota|Top=0", u"frmNota|Left=0", u"frmNota|Height=4140",
-                        u"frmNota|Width=6745"};
+  const Names notePlace{u"frmNota|Estado=0", u"frmNota|Top=4800", u"frmNota|Left=10275",
+                        u"frmNota|Height=6600", u"frmNota|Width=8250"};
   Names noteClosed(TextView width) const {
     Names all = notePlace;
     all.push_back(u"frmNota|DocsWidth=" + Text(width));
@@ -133,7 +133,7 @@ TEST_F(OpenAndClose, a_form_that_was_only_hidden_opens_again_as_it_was) {
     EXPECT_EQ(form().as<forms::ComboBox>(u"cboTiempoAviso")->entries().size(), 19u) << "not 38";
     EXPECT_EQ(form().as<forms::ComboBox>(u"cboUsuario")->entries().size(), 3u) << "the list is stale";
     EXPECT_EQ(tag(u"splitDocumentos"), u"1000");
-    EXPECT_EQ(form().Top(), 0);
+    EXPECT_EQ(form().Top(), (16200 - 8400) / 2);
     EXPECT_TRUE(enabled(u"ID_Aniadir"));
   });
   EXPECT_EQ(loads, 0);

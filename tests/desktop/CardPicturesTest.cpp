@@ -8,7 +8,9 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QStyleOption>
+#include <QToolBar>
 #include <QToolButton>
+#include <algorithm>
 
 #include "tests/desktop/Desk.h"
 
@@ -123,6 +125,17 @@ class CardPictures : public DeskTest, public testing::WithParamInterface<Card> {
     return cut;
   }
 
+  // Lines of an array are found in the order of the design.
+  static QWidget* drawn(forms::Form& form, const forms::Control& control) {
+    const auto all = windowOf(form)->findChildren<QWidget*>(qname(control.Name()));
+    int place = 0;
+    for (const auto& other : form.controls()) {
+      if (other.get() == &control) break;
+      place += other->Name() == control.Name();
+    }
+    return place < all.size() ? all[place] : nullptr;
+  }
+
   // Pairs of controls that lie over each other.
   static QStringList overlaps(forms::Form& form) {
     QStringList found;
@@ -138,18 +151,6 @@ class CardPictures : public DeskTest, public testing::WithParamInterface<Card> {
       }
     return found;
   }
-
-  static QWidget* drawn(forms::Form& form, const forms::Control& control) {
-    const auto all = windowOf(form)->findChildren<QWidget*>(qname(control.Name()));
-    const int index = std::max(control.design().index, 0);
-    int seen = -1;
-    for (const auto& other : form.controls()) {
-      if (other->Name() == control.Name()) ++seen;
-      if (other.get() == &control) break;
-    }
-    (void)index;
-    return seen < all.size() ? all[seen] : nullptr;
-  }
 };
 
 constexpr Card cards[] = {{"frmNota", forms::frmNota},
@@ -160,22 +161,70 @@ constexpr Card cards[] = {{"frmNota", forms::frmNota},
 INSTANTIATE_TEST_SUITE_P(Cards, CardPictures, testing::ValuesIn(cards),
                          [](const auto& info) { return std::string(info.param.name); });
 
-TEST_P(CardPictures, no_text_is_cut_and_nothing_overlaps_at_the_minimum_size_and_enlarged) {
+TEST_P(CardPictures, no_text_is_cut_and_nothing_overlaps_at_the_minimum_size_the_first_and_enlarged) {
   const auto card = std::make_shared<forms::CardForm>(GetParam().design());
   card->setLeft(300);
   card->setTop(300);
+  // From just above the minimum: at it the layout stays as it was before.
+  card->setWidth(card->design().minimumWidth + 1);
+  card->setHeight(card->design().minimumHeight + 1);
   fill(*card);
   whileShown(*card, [&] {
     CardWindow& window = *windowOf(*card);
     EXPECT_EQ(cutTexts(window).join("\n").toStdString(), "");
     EXPECT_EQ(overlaps(*card).join("\n").toStdString(), "");
     EXPECT_TRUE(window.grab().save(artefact(GetParam(), "minimum")));
+    card->setWidth(card->design().width);
+    card->setHeight(card->design().height);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(cutTexts(window).join("\n").toStdString(), "");
+    EXPECT_EQ(overlaps(*card).join("\n").toStdString(), "");
+    EXPECT_TRUE(window.grab().save(artefact(GetParam(), "first")));
     card->setWidth(card->Width() * 1.5);
     card->setHeight(card->Height() * 1.4);
     QCoreApplication::processEvents();
     EXPECT_EQ(cutTexts(window).join("\n").toStdString(), "");
     EXPECT_EQ(overlaps(*card).join("\n").toStdString(), "");
     EXPECT_TRUE(window.grab().save(artefact(GetParam(), "enlarged")));
+  });
+}
+
+TEST_P(CardPictures, every_control_is_named_for_those_who_hear_it_and_has_a_tip_where_one_acts) {
+  const auto card = std::make_shared<forms::CardForm>(GetParam().design());
+  whileShown(*card, [&] {
+    for (const auto& control : card->controls()) {
+      const QWidget* typedInto = target(*card, control->Name());
+      if (!typedInto || typedInto->focusPolicy() == Qt::NoFocus) continue;
+      EXPECT_FALSE(typedInto->accessibleName().isEmpty()) << toUtf8(control->Name());
+      EXPECT_FALSE(typedInto->toolTip().isEmpty()) << toUtf8(control->Name());
+      if (!control->design().tip.empty()) {
+        EXPECT_EQ(typedInto->toolTip(), qname(control->design().tip));
+      }
+    }
+    for (auto* button : windowOf(*card)->findChild<QToolBar*>()->findChildren<QToolButton*>()) {
+      if (!button->defaultAction()) continue;
+      EXPECT_FALSE(button->accessibleName().isEmpty());
+      EXPECT_FALSE(button->toolTip().isEmpty());
+    }
+  });
+}
+
+TEST_P(CardPictures, tab_goes_once_through_all_that_can_be_reached_from_above_to_below) {
+  const auto card = std::make_shared<forms::CardForm>(GetParam().design());
+  whileShown(*card, [&] {
+    std::vector<forms::ControlRef> reachable;
+    for (const auto& control : card->controls())
+      if (control->takesFocus() && control->design().tab >= 0) reachable.push_back(control);
+    std::ranges::sort(reachable, {}, [](const auto& control) { return control->design().tab; });
+    for (const auto& expected : reachable) {
+      EXPECT_EQ(active(*card), expected->Name());
+      QWidget* holder = QApplication::focusWidget();
+      EXPECT_EQ(holder, target(*card, expected->Name()));
+      key(holder, Qt::Key_Tab, {}, "\t");
+    }
+    EXPECT_EQ(active(*card), reachable.front()->Name());
+    // No picker comes first: it would compare itself with the record before anybody touched it.
+    EXPECT_NE(reachable.front()->type(), forms::ControlType::DTPicker);
   });
 }
 

@@ -2,9 +2,11 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDialog>
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
 
@@ -462,6 +464,25 @@ TEST_F(View, the_form_may_go_while_one_of_its_widgets_handles_an_event) {
   }
 }
 
+TEST_F(View, the_form_may_go_while_a_handler_of_it_waits_for_a_dialog) {
+  QPointer<CardWindow> window;
+  form->on = [&](const std::string& entry) {
+    if (entry != "Change txtUno") return;
+    QTimer::singleShot(0, [&] { form->Unload(); });
+    QTimer::singleShot(100, [] { QApplication::activeModalWidget()->close(); });
+    QDialog box;
+    box.setModal(true);
+    box.exec();
+    EXPECT_TRUE(window);  // the letter is still being typed
+  };
+  up([&] {
+    window = windowOf(*form);
+    typeText(target(u"txtUno"), QStringLiteral("x"));
+    EXPECT_FALSE(form->loaded());
+  });
+  EXPECT_TRUE(eventually([&] { return !window; }));
+}
+
 TEST_F(View, a_failure_in_a_handler_is_logged_and_does_not_cross_the_loop) {
   form->on = [](const std::string& entry) {
     if (entry == "Change txtUno") throw Failure(failure::typeMismatch);
@@ -470,6 +491,43 @@ TEST_F(View, a_failure_in_a_handler_is_logged_and_does_not_cross_the_loop) {
   up([&] {
     typeText(target(u"txtUno"), QStringLiteral("x"));
     EXPECT_EQ(shown(u"txtUno"), QStringLiteral("x"));
+  });
+}
+
+// Presses as the window system hands them over, not as a test does to a widget.
+TEST_F(View, a_press_that_comes_from_the_window_system_asks_once_before_the_focus_moves) {
+  form->refuses = [](forms::Control& control) { return control.Name() == u"txtUno"; };
+  up([&] {
+    CardWindow* window = windowOf(*form);
+    const auto click = [&](TextView name) {
+      QWidget* aimed = target(name);
+      QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {},
+                        aimed->mapTo(window, QPoint(8, aimed->height() / 2)));
+      QCoreApplication::processEvents();
+    };
+    click(u"chkAviso");
+    click(u"txtDos");
+    EXPECT_THAT(form->log, ElementsAre("Validate txtUno", "Validate txtUno"));
+    EXPECT_TRUE(target(u"txtUno")->hasFocus());
+    form->refuses = {};
+    form->forget();
+    click(u"chkAviso");
+    EXPECT_THAT(form->log,
+                ElementsAre("Validate txtUno", "LostFocus txtUno", "GotFocus chkAviso", "Click chkAviso"));
+  });
+}
+
+TEST_F(View, a_dialog_that_comes_between_press_and_release_leaves_the_control_unpressed) {
+  form->refuses = [&](forms::Control& control) {
+    if (control.Name() == u"txtUno")
+      QTimer::singleShot(0, [] { QApplication::activeModalWidget()->close(); }),
+          QDialog(windowOf(*form)).exec();
+    return false;
+  };
+  up([&] {
+    QTest::mousePress(target(u"chkAviso"), Qt::LeftButton, {}, QPoint(8, 10));
+    EXPECT_EQ(active(), u"chkAviso");
+    EXPECT_FALSE(qobject_cast<QCheckBox*>(target(u"chkAviso"))->isDown());
   });
 }
 

@@ -86,11 +86,22 @@ TEST_P(SpanishText, meets_patterns_without_case_and_with_accents) {
                              {u"Nombre Like '*SSE'", {}},
                              {u"Nombre Like '[a'", {}},
                              {u"Nombre Like ''", {}},
+                             {u"Nombre Like '*SS*'", {}},
+                             {u"Nombre Like '*ß*'", {u"Straße"}},
+                             {u"Nombre Like '*K*'", {}},
+                             {u"Nombre Like '*ñA'", {u"Peña"}},
                              {u"Nombre Like 'pe?a'", {u"Peña"}},
                              {u"Nombre Like '*t*c*o'", {u"atico", u"Ático"}}};
   for (const Comparison& row : rows) EXPECT_EQ(where(row.condition), row.names) << toUtf8(row.condition);
   EXPECT_EQ(where(u"Nombre Like '*'").size(), 11u);
   EXPECT_EQ(where(u"Nombre Not Like '*t*'").size(), 8u);
+}
+
+TEST_P(SpanishText, meets_patterns_whatever_letter_stands_for_another_without_case) {
+  for (const TextView name : {u"10 \u212A", u"clo\u017Fe", u"ΟΔΟΣ"}) add(name);
+  EXPECT_EQ(where(u"Nombre Like '*k'").size(), 1u);
+  EXPECT_EQ(where(u"Nombre Like '*S*'").size(), 1u);
+  EXPECT_EQ(where(u"Nombre Like '*\u03C2'").size(), 1u);
 }
 
 TEST_P(SpanishText, never_meets_a_pattern_where_it_is_null) {

@@ -123,28 +123,33 @@ constexpr Expected call[] = {
 struct FormExpected {
   const FormDesign& (*design)();
   TextView name, caption;
-  int width, height;
+  int width, height;            // the smallest at which the layout follows
+  int firstWidth, firstHeight;  // until the user has chosen one
   std::span<const Expected> controls;
   std::vector<int> lines;  // indices of fralinea1
 };
 
 const std::vector<FormExpected>& forms() {
   static const std::vector<FormExpected> all = {
-      {frmNota, u"frmNota", u"Nueva Nota", 6745, 4140, note, {0, 1, 2}},
-      {frmVisita, u"frmVisita", u"Nueva Cita", 6795, 6420, visit, {0, 1}},
-      {frmAnuncio, u"frmAnuncio", u"Nueva Anuncio", 6795, 4980, advertisement, {0, 1}},
-      {frmLlamada, u"frmLlamada", u"Nueva Nota", 6795, 3000, call, {1}},
+      {frmNota, u"frmNota", u"Nueva Nota", 6745, 4140, 8250, 6600, note, {0, 1, 2}},
+      {frmVisita, u"frmVisita", u"Nueva Cita", 6795, 6420, 8250, 8400, visit, {0, 1}},
+      {frmAnuncio, u"frmAnuncio", u"Nueva Anuncio", 6795, 4980, 8250, 7200, advertisement, {0, 1}},
+      {frmLlamada, u"frmLlamada", u"Nueva Nota", 6795, 3000, 7800, 5400, call, {1}},
   };
   return all;
 }
 
-TEST_F(CardDesign, has_name_caption_and_the_smallest_size_at_first) {
+TEST_F(CardDesign, has_name_caption_and_size_in_the_middle_of_the_screen_at_first) {
   for (const FormExpected& form : forms()) {
     const auto card = made(form.design());
     EXPECT_EQ(card->Name(), form.name);
     EXPECT_EQ(card->Caption(), form.caption);
-    EXPECT_EQ(card->Width(), form.width);
-    EXPECT_EQ(card->Height(), form.height);
+    EXPECT_EQ(form.design().minimumWidth, form.width);
+    EXPECT_EQ(form.design().minimumHeight, form.height);
+    EXPECT_EQ(card->Width(), form.firstWidth);
+    EXPECT_EQ(card->Height(), form.firstHeight);
+    EXPECT_EQ(card->Left(), (here.screen.screenWidth - form.firstWidth) / 2);
+    EXPECT_EQ(card->Top(), (here.screen.screenHeight - form.firstHeight) / 2);
     EXPECT_FALSE(card->KeyPreview());
     EXPECT_EQ(card->WindowState(), 0);
   }

@@ -1,0 +1,223 @@
+#include "desktop/Mailer.h"
+
+#include <arpa/inet.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <QDir>
+#include <QFile>
+#include <QStandardPaths>
+#include <thread>
+
+#include "routines/Collection.h"
+#include "tests/desktop/Desk.h"
+
+namespace ovalia::desktop {
+
+namespace {
+
+using testing::HasSubstr;
+
+// A mail server of one conversation, on a port of its own.
+class SmtpServer {
+ public:
+  enum Manner { Accepts, RefusesRecipient, Silent };
+
+  explicit SmtpServer(Manner manner) : manner_(manner) {
+    listener_ = socket(AF_INET, SOCK_STREAM, 0);
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    bind(listener_, reinterpret_cast<sockaddr*>(&address), sizeof address);
+    listen(listener_, 1);
+    socklen_t size = sizeof address;
+    getsockname(listener_, reinterpret_cast<sockaddr*>(&address), &size);
+    port_ = ntohs(address.sin_port);
+    thread_ = std::thread([this] { talk(); });
+  }
+  ~SmtpServer() {
+    shutdown(listener_, SHUT_RDWR);
+    finish();
+    close(listener_);
+  }
+
+  // Waits until the client has gone.
+  void finish() {
+    if (thread_.joinable()) thread_.join();
+  }
+  Text url() const { return u"smtp://127.0.0.1:" + toText(port_); }
+
+  // To be read when it has finished.
+  std::string commands, message;
+
+ private:
+  bool readLine(std::string& line) {
+    line.clear();
+    char c;
+    while (recv(client_, &c, 1, 0) == 1) {
+      if (c == '\n') return true;
+      line += c;
+    }
+    return false;
+  }
+  void say(const std::string& reply) {
+    (void)!send(client_, (reply + "\r\n").data(), reply.size() + 2, MSG_NOSIGNAL);
+  }
+  void talk() {
+    client_ = accept(listener_, nullptr, nullptr);
+    if (client_ < 0) return;
+    std::string line;
+    if (manner_ == Silent) {
+      while (readLine(line)) continue;
+    } else {
+      converse(line);
+    }
+    close(client_);
+  }
+  void converse(std::string& line) {
+    say("220 prueba");
+    while (readLine(line)) {
+      commands += line + "\n";
+      if (line.starts_with("RCPT") && manner_ == RefusesRecipient) {
+        say("550 no such user here");
+      } else if (line.starts_with("DATA")) {
+        say("354 go on");
+        while (readLine(line) && line != ".\r") message += line + "\n";
+        say("250 taken");
+      } else if (line.starts_with("QUIT")) {
+        say("221 bye");
+        return;
+      } else {
+        say("250 good");
+      }
+    }
+  }
+
+  Manner manner_;
+  int listener_, client_ = -1;
+  int port_ = 0;
+  std::thread thread_;
+};
+
+class Mail : public kit::LogicTest {
+ protected:
+  void SetUp() override {
+    for (const QString& kept : eml()) QFile::remove(documents().filePath(kept));
+    QDir().mkpath(documents().path());
+    here.settings.put(here.platform.app.title, u"Correo", u"Remitente", u"agente@agencia.es");
+  }
+  void server(const Text& url) { here.settings.put(here.platform.app.title, u"Correo", u"Servidor", url); }
+  static QDir documents() {
+    return QDir(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+  }
+  static QStringList eml() { return documents().entryList({"*.eml"}); }
+  Text write(const QString& name, const QByteArray& bytes) {
+    QFile file(folder.filePath(name));
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+    return logicPath(fromQt(file.fileName()));
+  }
+  bool send(std::vector<Text> paths = {}, std::chrono::seconds patience = std::chrono::seconds(10)) {
+    const auto attachments = std::make_shared<Collection>();
+    for (const Text& path : paths) attachments->add(path);
+    return callMember(
+               makeMailer(patience), u"EnviarCorreo",
+               {u"soporte@brenox.es", u"Incidencia en el ático", u"Línea uno\r\n.\r\nAño €", attachments})
+        .toBoolean();
+  }
+  static std::string body(const QString& file) {
+    QFile in(file);
+    EXPECT_TRUE(in.open(QIODevice::ReadOnly));
+    return in.readAll().toStdString();
+  }
+
+  QTemporaryDir folder;
+};
+
+TEST_F(Mail, goes_to_the_server_with_its_attachments) {
+  SmtpServer smtp(SmtpServer::Accepts);
+  server(smtp.url());
+  EXPECT_TRUE(send({write("Año.zip", QByteArray("PK\0\1", 4))}));
+  smtp.finish();
+  EXPECT_THAT(smtp.commands, HasSubstr("MAIL FROM:<agente@agencia.es>"));
+  EXPECT_THAT(smtp.commands, HasSubstr("RCPT TO:<soporte@brenox.es>"));
+  EXPECT_THAT(smtp.message, HasSubstr("From: agente@agencia.es"));
+  EXPECT_THAT(smtp.message, HasSubstr("To: soporte@brenox.es"));
+  EXPECT_THAT(smtp.message, HasSubstr("Subject: Incidencia en el =?UTF-8?"));
+  EXPECT_THAT(smtp.message, HasSubstr("Message-Id: <"));
+  EXPECT_THAT(smtp.message, HasSubstr("Date: "));
+  EXPECT_THAT(smtp.message, HasSubstr("Content-Type: multipart/mixed"));
+  EXPECT_THAT(smtp.message, HasSubstr("charset=utf-8"));
+  EXPECT_THAT(smtp.message, HasSubstr("L=C3=ADnea uno"));
+  EXPECT_THAT(smtp.message, HasSubstr("A=C3=B1o =E2=82=AC"));
+  EXPECT_THAT(smtp.message, HasSubstr("UEsAAQ=="));
+  EXPECT_TRUE(eml().isEmpty());
+}
+
+TEST_F(Mail, without_a_server_is_kept_as_a_file_and_the_user_told_where) {
+  here.screen.expectBoxLike(u"No hay un servidor de correo configurado.", u"para enviarlo.", 64, u"Correo",
+                            1);
+  EXPECT_FALSE(send({write("a.txt", "hola")}));
+  ASSERT_EQ(eml().size(), 1);
+  const std::string kept = body(documents().filePath(eml().front()));
+  EXPECT_THAT(kept, HasSubstr("X-Unsent: 1\r\n"));
+  EXPECT_THAT(kept, HasSubstr("To: soporte@brenox.es\r\n"));
+  EXPECT_THAT(kept, HasSubstr("aG9sYQ=="));
+}
+
+TEST_F(Mail, two_in_one_second_are_kept_both) {
+  here.screen.expectBoxLike(u"No hay un servidor", u"enviarlo.", 64, u"Correo", 1);
+  here.screen.expectBoxLike(u"No hay un servidor", u"enviarlo.", 64, u"Correo", 1);
+  send();
+  send();
+  EXPECT_EQ(eml().size(), 2);
+}
+
+TEST_F(Mail, that_the_server_refuses_is_kept) {
+  SmtpServer smtp(SmtpServer::RefusesRecipient);
+  server(smtp.url());
+  here.screen.expectBoxLike(u"El servidor de correo no ha aceptado el mensaje: ", u"para enviarlo.", 48,
+                            u"Correo", 1);
+  EXPECT_FALSE(send());
+  EXPECT_EQ(eml().size(), 1);
+}
+
+TEST_F(Mail, to_a_server_that_says_nothing_is_kept_after_a_while) {
+  SmtpServer smtp(SmtpServer::Silent);
+  server(smtp.url());
+  here.screen.expectBoxLike(u"El servidor de correo no ha aceptado el mensaje: ", u"para enviarlo.", 48,
+                            u"Correo", 1);
+  EXPECT_FALSE(send({}, std::chrono::seconds(1)));
+  EXPECT_EQ(eml().size(), 1);
+}
+
+TEST_F(Mail, to_an_address_where_nobody_listens_or_that_is_none_is_kept) {
+  for (const TextView url : {u"smtp://127.0.0.1:1", u"http://127.0.0.1:1", u"disparate"}) {
+    server(Text(url));
+    here.screen.expectBoxLike(u"El servidor de correo no ha aceptado el mensaje: ", u"enviarlo.", 48,
+                              u"Correo", 1);
+    EXPECT_FALSE(send());
+  }
+  EXPECT_EQ(eml().size(), 3);
+}
+
+TEST_F(Mail, with_an_attachment_that_is_not_there_is_not_sent) {
+  try {
+    send({u"\\no\\hay.zip"});
+    ADD_FAILURE();
+  } catch (const Failure& failure) {
+    EXPECT_EQ(failure.number(), 53);
+  }
+}
+
+TEST_F(Mail, no_line_of_a_subject_or_address_ends_early) {
+  here.screen.expectBoxLike(u"No hay un servidor", u"enviarlo.", 64, u"Correo", 1);
+  callMember(makeMailer(), u"EnviarCorreo",
+             {u"a@b.es", u"uno\r\nBcc: otro@x.es", u"", std::make_shared<Collection>()});
+  const std::string kept = body(documents().filePath(eml().front()));
+  EXPECT_THAT(kept, testing::Not(HasSubstr("\nBcc:")));
+}
+
+}  // namespace
+
+}  // namespace ovalia::desktop
