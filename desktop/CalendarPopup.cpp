@@ -1,6 +1,7 @@
 #include "desktop/CalendarPopup.h"
 
 #include <QCalendarWidget>
+#include <QFrame>
 #include <QHBoxLayout>
 #include <QLocale>
 #include <QPushButton>

@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QImage>
 #include <QPainter>
+#include <QWidget>
 #include <algorithm>
 
 #include "desktop/DiskFile.h"

@@ -1,5 +1,6 @@
 #include "desktop/PickListDialog.h"
 
+#include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QVBoxLayout>
