@@ -31,18 +31,15 @@ TEST_F(WindowPlace, what_the_user_moves_and_resizes_is_told_in_twips) {
     CardWindow& window = *windowOf(*form);
     form->forget();
     window.move(120, 80);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(form->Left(), 1800);
-    EXPECT_EQ(form->Top(), 1200);
+    EXPECT_TRUE(eventually([&] { return form->Left() == 1800 && form->Top() == 1200; }));
     EXPECT_EQ(form->Width(), 6745);
     window.resize(window.width() + 20, window.height() + 10);
-    QCoreApplication::processEvents();
+    EXPECT_TRUE(eventually([&] { return form->Width() != 6745; }));
     EXPECT_NEAR(form->Width(), 6745 + 300, 8);
     EXPECT_NEAR(form->Height(), 5460 + 150, 8);
     EXPECT_EQ(form->count("Resize"), 1);
     window.resize(window.width() - 20, window.height() - 10);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(form->Width(), 6745);
+    EXPECT_TRUE(eventually([&] { return form->Width() == 6745; }));
   });
 }
 
