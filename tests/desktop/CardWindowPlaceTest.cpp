@@ -75,7 +75,7 @@ TEST_F(WindowPlace, a_place_beyond_every_screen_is_drawn_on_one_and_stays_as_it_
   form->setTop(-5000);
   whileShown(*form, [&] {
     QCoreApplication::processEvents();
-    const QRect frame = windowOf(*form)->frameGeometry();
+    const QRect frame = windowOf(*form)->geometry();
     EXPECT_TRUE(QApplication::primaryScreen()->availableGeometry().contains(frame))
         << frame.x() << " " << frame.y();
   });
