@@ -1,14 +1,32 @@
 #include "tests/host/Toolkit.h"
 
+#include <memory>
+
+#include <gtest/gtest.h>
+
 namespace ovalia::host {
+
+namespace {
+
+std::unique_ptr<QApplication> made;
+
+// The toolkit must end while its own statics still stand, so not at the program's exit.
+class EndOfToolkit : public testing::EmptyTestEventListener {
+  void OnTestProgramEnd(const testing::UnitTest&) override { made.reset(); }
+};
+
+}  // namespace
 
 QApplication& application() {
   static int count = 1;
   static char name[] = "test_host";
   static char* arguments[] = {name, nullptr};
-  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  static QApplication made(count, arguments);
-  return made;
+  if (!made) {
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    made = std::make_unique<QApplication>(count, arguments);
+    testing::UnitTest::GetInstance()->listeners().Append(new EndOfToolkit);
+  }
+  return *made;
 }
 
 }  // namespace ovalia::host
