@@ -38,7 +38,7 @@ Text patternOf(TextView wanted, bool anyAccents) {
 }
 
 // Four digits of the year leave no doubt about the century.
-Text literal(double day) { return u"#" + formatDate(Date{day}, u"mm/dd/yyyy", Regional()) + u"#"; }
+Text literal(double day) { return join(u"#", formatDate(Date{day}, u"mm/dd/yyyy", Regional()), u"#"); }
 
 }  // namespace
 
