@@ -28,7 +28,7 @@ std::optional<Groups> digitGroups(TextView text, TextView separators) {
 void split(Groups& groups, std::size_t last) {
   if (groups.size() != 1 || groups[0].size() <= 2) return;
   Text digits = groups[0];
-  if (digits.size() % 2) digits.insert(0, u"0");
+  if (digits.size() % 2) digits.insert(digits.begin(), u'0');
   groups.clear();
   for (std::size_t at = 0; at < digits.size(); at += 2) {
     const bool rest = groups.size() + 1 == last;
