@@ -5,6 +5,7 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QPointer>
 #include <QScreen>
 #include <QShortcut>
 #include <QVBoxLayout>
@@ -255,12 +256,16 @@ bool SearchDialog::complete() {
 
 void SearchDialog::search(SearchMode mode) {
   if (!complete()) return;
+  // A step may end with the card, and the dialog goes with its window.
+  const QPointer<SearchDialog> self(this);
   bool found = false;
   try {
     found = step_(mode, criterion());
+    if (!self) return;
   } catch (...) {
     const Failure failure = currentFailure();
     EscribirErrLog(failure.description(), failure.number(), u"Buscar");
+    if (!self) return;
     return tell(join(u"No se ha podido buscar: ", failure.description()));
   }
   if (found) {

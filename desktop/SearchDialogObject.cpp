@@ -1,8 +1,8 @@
 #include "desktop/SearchDialogObject.h"
 
-#include <QApplication>
 #include <QPointer>
 
+#include "desktop/DialogOwner.h"
 #include "desktop/SearchDialog.h"
 #include "platform/Failure.h"
 #include "platform/Variant.h"
@@ -27,13 +27,6 @@ std::vector<SearchField> fieldsOf(const Variant& array) {
   return fields;
 }
 
-// The window that the user is at. One that has closed may go at any moment and take its own with it.
-QWidget* owner() {
-  QWidget* window = QApplication::activeModalWidget();
-  if (!window) window = QApplication::activeWindow();
-  return window && window->isVisible() ? window : nullptr;
-}
-
 void show(Object& dialog, SearchWish& wish) {
   const Variant card = dialog.get(u"VentanaJefa");
   const ObjectRef found = card.isObject() ? card.toObject() : nullptr;
@@ -42,7 +35,7 @@ void show(Object& dialog, SearchWish& wish) {
     return callMember(found, u"BuscarElemento", {std::int16_t(mode), criterion}).toBoolean();
   };
   const QPointer<SearchDialog> window =
-      new SearchDialog(fieldsOf(dialog.get(u"BuscarEn")), search, wish, owner());
+      new SearchDialog(fieldsOf(dialog.get(u"BuscarEn")), search, wish, dialogOwner());
   window->exec();
   delete window;
 }

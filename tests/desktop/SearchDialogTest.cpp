@@ -159,6 +159,23 @@ TEST_F(Searching, a_step_that_fails_is_told_in_the_dialog_and_logged) {
   });
 }
 
+TEST_F(Searching, a_step_may_take_the_card_and_the_dialog_away) {
+  auto* owner = new QWidget;
+  owner->show();
+  QApplication::setActiveWindow(owner);
+  card->answering(u"BuscarElemento", [&](Arguments) {
+    steps.push_back("away");
+    delete owner;
+    return Variant(true);
+  });
+  search([&] {
+    types("x");
+    button("&Siguiente")->click();
+    EXPECT_FALSE(window);
+  });
+  EXPECT_THAT(steps, ElementsAre("away"));
+}
+
 TEST_F(Searching, looks_for_the_whole_field_and_for_accents_as_ticked) {
   search([&] {
     types("O'Donnell*|é");
