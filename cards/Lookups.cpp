@@ -17,6 +17,10 @@ Text nombreDeUsuario(std::int32_t IdUsuario) {
   return rows->isEOF() ? Text() : rows->value(u"nombre").text();
 }
 
+Variant anuncioDelAnfitrion(const ObjectRef& form) {
+  return getMember(objectAt(form, {u"datAnuncio", u"Recordset"}), u"", {u"IdAnota"}).plain();
+}
+
 Text TelefonoCliente(const Variant& IdCliente, TextView Cliente, TextView) {
   return procedure(u"TelefonoCliente de CNota", Text(), [&](Text& telephone) {
     if (IdCliente.isNull()) return;

@@ -24,11 +24,6 @@ struct Creation {
   Variant idUsuario;
 };
 
-// The advertisement that the host's form shows at this moment.
-Variant advertisement(Instance& nota) {
-  return getMember(objectAt(nota.FormActiva, {u"datAnuncio", u"Recordset"}), u"", {u"IdAnota"}).plain();
-}
-
 Variant idOfUser(TextView name) {
   return database()
       .OpenRecordset(join(u"SELECT IdUsuario FROM Usuario WHERE Nombre = ", name), dao::dbOpenSnapshot)
@@ -37,7 +32,7 @@ Variant idOfUser(TextView name) {
 
 Text callStatement(Instance& nota, const Creation& row) {
   return join(u"INSERT INTO ", nota.nota.Nota, u" (IdAnuncio, IdUsuario, FechaAlta) VALUES (",
-              advertisement(nota), u",", row.idUsuario, u",", row.moment, u")");
+              anuncioDelAnfitrion(nota.FormActiva), u",", row.idUsuario, u",", row.moment, u")");
 }
 
 // The columns that the host's query shows decide, not those of the table.
@@ -68,8 +63,9 @@ void insert(Instance& nota, const Creation& row) {
 
 bool find(Instance& nota, const Creation& row) {
   constexpr std::int32_t information = 64;
-  const Text parent = nota.nota.Tipo == telephoneCall ? join(u"IdAnuncio = ", advertisement(nota))
-                                                      : join(u"Id = ", row.parent);
+  const Text parent = nota.nota.Tipo == telephoneCall
+                          ? join(u"IdAnuncio = ", anuncioDelAnfitrion(nota.FormActiva))
+                          : join(u"Id = ", row.parent);
   nota.crs().FindFirst(join(parent, u" AND IdUsuario = ", row.idUsuario, u" AND FechaAlta = ", row.moment));
   if (!nota.crs().NoMatch()) return true;
   MostrarMensaje(u"Por favor, guarde los cambios antes de generar una nueva anotación.", information, u"");

@@ -108,8 +108,7 @@ void agencyIfChanged(Instance& nota, forms::CardForm& card, const SaveRow& row) 
 
 // A call hangs on the advertisement that the host's form shows at this moment.
 void hostAdvertisement(Instance& nota, forms::CardForm&, const SaveRow& row) {
-  const ObjectRef list = objectAt(nota.nota.frmBase, {u"ActiveForm", u"datAnuncio", u"Recordset"});
-  nota.crs().setValue(row.field, getMember(list, u"", {u"IdAnota"}).plain());
+  nota.crs().setValue(row.field, anuncioDelAnfitrion(objectAt(nota.nota.frmBase, {u"ActiveForm"})));
 }
 
 void now(Instance& nota, forms::CardForm&, const SaveRow& row) {
