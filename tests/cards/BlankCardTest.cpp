@@ -5,36 +5,13 @@
 #include <vector>
 
 #include "cards/Saving.h"
-#include "tests/cardkit/CardTest.h"
+#include "tests/cards/BlankedCard.h"
 
 namespace ovalia {
 namespace {
 
-struct Shown {
-  TextView control;
-  TextView value;
-};
-
-class BlankCard : public kit::CardTest {
- protected:
-  // As whoever makes a new annotation does, from a card that shows one.
-  void blank() {
-    instance.EstadoFicha = cargando;
-    FichaLimpia(instance);
-    instance.EstadoFicha = limpia;
-  }
-
-  void expectOnCard(const std::vector<Shown>& rows) {
-    for (const Shown& row : rows) EXPECT_EQ(card(row.control), row.value) << toUtf8(row.control);
-  }
-
-  std::vector<Text> textBoxes() const {
-    std::vector<Text> names;
-    for (const forms::ControlRef& box : form().controls())
-      if (box->type() == forms::ControlType::TextBox) names.push_back(box->Name());
-    return names;
-  }
-};
+using BlankCard = kit::BlankedCard;
+using kit::Shown;
 
 TEST_F(BlankCard, a_note_takes_the_present_moment_and_the_user) {
   openCard(u"Nota", {}, [&] {
@@ -53,7 +30,9 @@ TEST_F(BlankCard, a_note_takes_the_present_moment_and_the_user) {
 }
 
 TEST_F(BlankCard, a_visit_begins_now_and_ends_half_an_hour_later) {
-  openCard(u"Visita", {{u"Realizada", true}, {u"Anulada", true}}, [&] {
+  const Date hour{1.0 / 24};
+  openCard(u"Visita", {{u"Realizada", true}, {u"Anulada", true}, {u"TiempoAviso", hour}}, [&] {
+    EXPECT_EQ(card(u"cboTiempoAviso"), u"1 hora");
     blank();
     expectOnCard({
         {u"cboAcceso", u""},
@@ -205,12 +184,42 @@ TEST_F(BlankCard, a_visit_made_near_midnight_ends_before_it_begins_on_the_card) 
 
 TEST_F(BlankCard, the_rules_of_a_visits_times_do_not_run) {
   openCard(u"Visita",
-           {{u"FechaComienzo", kit::on(2026, 3, 12, 18, 0)}, {u"FechaFin", kit::on(2026, 3, 12, 18, 15)}},
-           [&] {
-             blank();
-             EXPECT_FALSE(form().filling());
+           {{u"FechaComienzo", kit::on(2026, 3, 12, 7, 0)}, {u"FechaFin", kit::on(2026, 3, 12, 7, 15)}}, [&] {
+             blank();  // on the way, the visit would end today at 7:15, before it begins
+             EXPECT_EQ(card(u"dtpFechaFin"), u"09/03/26");
              EXPECT_EQ(card(u"dtpHoraFin"), u"10:50:30");
            });
+}
+
+TEST_F(BlankCard, the_clock_is_asked_anew_for_each_control) {
+  const auto goOn = [&](const Text& field, const DateParts& later) {
+    return form().Cambio.connect([this, field, later](forms::ControlRef&, Text& changed) {
+      if (changed == field) here.clock.time = later;
+    });
+  };
+  openCard(u"Nota", {}, [&] {
+    here.clock.time = {2026, 3, 9, 23, 59, 59};
+    const auto heard = goOn(u"FechaAlta", {2026, 3, 10, 0, 0, 1});
+    blank();
+    form().Cambio.disconnect(heard);
+    expectOnCard(
+        {{u"dtpFechaAlta", u"09/03/26"}, {u"dtpHoraAlta", u"00:00:01"}, {u"dtpFechaAviso", u"10/03/26"}});
+  });
+  openCard(u"Visita", {}, [&] {
+    here.clock.time = {2026, 3, 9, 23, 0, 0};
+    const auto heard = goOn(u"FechaComienzo", {2026, 3, 10, 0, 0, 1});
+    blank();
+    form().Cambio.disconnect(heard);
+    expectOnCard({{u"dtpFechaAlta", u"09/03/26"}, {u"dtpHoraAlta", u"00:00:01"}});
+    expectOnCard({{u"dtpFechaFin", u"10/03/26"}, {u"dtpHoraFin", u"00:30:01"}});
+  });
+  openCard(u"Anuncio", {}, [&] {
+    here.clock.time = {2026, 3, 9, 23, 59, 59};
+    const auto heard = goOn(u"FechaAlta", {2026, 3, 10, 0, 0, 1});
+    blank();
+    form().Cambio.disconnect(heard);
+    expectOnCard({{u"dtpHoraAlta", u"00:00:01"}, {u"dtpFechaInicio", u"10/03/26"}});
+  });
 }
 
 TEST_F(BlankCard, the_card_counts_as_being_filled_until_the_end_whatever_happens) {
@@ -226,19 +235,6 @@ TEST_F(BlankCard, the_card_counts_as_being_filled_until_the_end_whatever_happens
     expectReport(u"FichaLimpia de CNota", failure::notInList);
     blank();
     EXPECT_FALSE(form().filling());
-  });
-}
-
-TEST_F(BlankCard, the_card_counts_as_filled_even_when_the_report_itself_fails) {
-  openCard(u"Visita", {}, [&] {
-    otherUser.deletesTheRow();
-    // With a card on top, the reload that the report of a deleted record asks for finds no controller.
-    expectBox(u"La ficha acaba de ser borrada por otro usuario y\r\nno se volverá a visualizar.", 4144,
-              u"Error");
-    instance.EstadoFicha = cargando;
-    EXPECT_THROW(FichaLimpia(instance), Failure);
-    EXPECT_FALSE(form().filling());
-    putAway();
   });
 }
 
@@ -262,10 +258,10 @@ TEST_F(BlankCard, a_parent_that_is_new_itself_is_named_by_its_provisional_number
   openCard(u"Nota", {}, [&] {
     blank();
     EXPECT_EQ(caption(), u"Inmueble 9001 - Nueva Nota");
-    for (const int estado : {0, 2, 3}) {
+    for (const Variant& estado : {Variant(0), Variant(2), Variant(3), Variant(Null)}) {
       host.vClase().with(u"cEstado", estado);
       blank();
-      EXPECT_EQ(caption(), u"Inmueble 120 - Nueva Nota") << estado;
+      EXPECT_EQ(caption(), u"Inmueble 120 - Nueva Nota") << toUtf8(estado.text());
     }
   });
 }
@@ -324,47 +320,6 @@ TEST_F(BlankCard, saving_a_record_that_was_blanked_over_speaks_of_another_user_a
   });
 }
 
-TEST_F(BlankCard, a_user_that_the_list_lacks_leaves_the_texts_empty_and_the_rest_old) {
-  openCard(u"Nota", {}, [&] {
-    const Text before = caption();
-    nota.cUsuario = u"Nadie";
-    expectReport(u"FichaLimpia de CNota", failure::notInList);
-    blank();
-    expectOnCard({{u"txtAsunto", u""},
-                  {u"txtNotas", u""},
-                  {u"lblActualizacion", u""},
-                  {u"cboUsuario", u"Ana Ruiz"},
-                  {u"cboAcceso", u"Teléfono"},
-                  {u"dtpFechaAlta", u"02/03/26"}});
-    EXPECT_EQ(caption(), before);
-  });
-}
-
-TEST_F(BlankCard, a_host_form_without_a_controller_leaves_the_card_as_it_was) {
-  openCard(u"Nota", {}, [&] {
-    host.shows(kit::named(u"OtraFicha"));
-    expectReport(u"FichaLimpia de CNota", failure::noSuchMember);
-    blank();
-    expectOnCard({{u"txtAsunto", u"Llaves en portería"}, {u"cboUsuario", u"Ana Ruiz"}});
-    host.shows(host.FichaInm);
-  });
-}
-
-TEST_F(BlankCard, no_host_form_at_all_leaves_the_card_as_it_was) {
-  openCard(u"Nota", {}, [&] {
-    host.shows(nullptr);
-    expectReport(u"FichaLimpia de CNota", failure::objectNotSet);
-    blank();
-    EXPECT_EQ(card(u"txtAsunto"), u"Llaves en portería");
-    host.shows(host.FichaInm);
-  });
-}
-
-TEST_F(BlankCard, without_a_card_it_is_reported) {
-  expectReport(u"FichaLimpia de CNota", failure::objectNotSet);
-  FichaLimpia(instance);
-}
-
 TEST_F(BlankCard, an_empty_list_of_notes_or_advertisements_shows_a_blank_card) {
   for (const TextView tipo : {u"Nota", u"Anuncio"}) {
     givenList(tipo, {});
@@ -375,27 +330,6 @@ TEST_F(BlankCard, an_empty_list_of_notes_or_advertisements_shows_a_blank_card) {
       putAway();
     });
   }
-}
-
-TEST_F(BlankCard, an_empty_list_of_calls_blanks_the_card_and_keeps_the_title) {
-  givenList(u"Llamada", {});
-  expectReport(u"FichaLimpia de CNota", dao::failure::noCurrentRecord);
-  openCard([&] {
-    EXPECT_EQ(card(u"dtpFechaAlta"), u"09/03/26");
-    EXPECT_EQ(caption(), u"Nueva Nota") << "the design's own";
-    putAway();
-  });
-}
-
-TEST_F(BlankCard, an_empty_list_of_visits_stops_at_the_subject) {
-  givenList(u"Visita", {});
-  expectReport(u"FichaLimpia de CNota", dao::failure::noCurrentRecord);
-  openCard([&] {
-    EXPECT_EQ(card(u"cboUsuario"), u"Carmen Soler");
-    EXPECT_EQ(card(u"dtpFechaAlta"), u"-");
-    EXPECT_EQ(caption(), u"Nueva Cita") << "the design's own";
-    putAway();
-  });
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <utility>
 #include <vector>
 
 #include "tests/cards/TrackedCard.h"
@@ -337,6 +336,20 @@ TEST_F(EditTracking, a_text_set_back_in_the_control_that_was_changed_cleans_the_
   });
 }
 
+TEST_F(EditTracking, an_edit_leaves_the_tools_of_a_saved_record_as_they_are) {
+  with(u"Nota", {}, [&] {
+    user.enters(u"txtAsunto");
+    for (const bool before : {true, false}) {
+      for (const TextView tool : {u"ID_Imprimir", u"ID_Aniadir", u"ID_Borrar", u"ID_Buscar"})
+        form().toolbars().tool(tool)->setEnabled(before);
+      user.types(u"txtAsunto", before ? u"Otro" : u"Llaves en portería");
+      EXPECT_EQ(state(), before ? modificada : limpia);
+      for (const TextView tool : {u"ID_Imprimir", u"ID_Aniadir", u"ID_Borrar", u"ID_Buscar"})
+        EXPECT_EQ(enabled(tool), before) << toUtf8(tool);
+    }
+  });
+}
+
 TEST_F(EditTracking, the_new_state_of_a_card_is_told_to_nobody_but_the_tools) {
   with(u"Nota", {}, [&] {
     EXPECT_EQ(NuevoEstado(instance, limpia, u"a", u"b"), modificada);
@@ -356,191 +369,6 @@ TEST_F(EditTracking, other_states_come_back_without_a_comparison_and_without_the
       EXPECT_EQ(NuevoEstado(instance, other, u"a", gone), other) << "reading the field would fail";
     EXPECT_TRUE(desk.tools.empty());
     nota.crs->MoveFirst();
-  });
-}
-
-// Companions of a reminder.
-
-TEST_F(EditTracking, the_reminder_of_a_note_enables_its_date_and_its_user) {
-  with(u"Nota", {{u"Aviso", false}}, [&] {
-    for (const bool on : {true, false}) {
-      on ? user.ticks(u"chkAvisoNota") : user.unticks(u"chkAvisoNota");
-      for (const TextView companion : {u"dtpFechaAviso", u"lblA", u"cboUsuarioAviso"})
-        EXPECT_EQ(enabled(companion), on) << toUtf8(companion);
-    }
-  });
-}
-
-TEST_F(EditTracking, the_reminder_of_a_visit_enables_its_lead_time) {
-  with(u"Visita", {{u"Aviso", false}}, [&] {
-    user.ticks(u"chkAviso");
-    EXPECT_TRUE(enabled(u"cboTiempoAviso"));
-    user.unticks(u"chkAviso");
-    EXPECT_FALSE(enabled(u"cboTiempoAviso"));
-  });
-}
-
-TEST_F(EditTracking, companions_follow_whatever_the_tag_and_on_a_new_card) {
-  with(u"Visita", {}, [&] {
-    user.enters(u"chkAviso");
-    for (const TextView anyTag : {TextView(u""), HacerNada}) {
-      for (const std::int32_t anyState : {nueva, modificada}) {
-        control(u"chkAviso").Tag = anyTag;
-        setState(anyState);
-        const bool before = enabled(u"cboTiempoAviso");
-        user.clicks(u"chkAviso");
-        EXPECT_EQ(enabled(u"cboTiempoAviso"), !before);
-        EXPECT_EQ(state(), anyState);
-      }
-    }
-  });
-}
-
-TEST_F(EditTracking, companions_and_pickers_are_those_of_the_form_that_the_user_is_on) {
-  auto elsewhere = std::make_shared<forms::CardForm>(forms::frmVisita());
-  elsewhere->control(u"cboTiempoAviso")->setEnabled(true);
-  with(u"Visita", {}, [&] {
-    const auto own = here.screen.activeFormOf;
-    here.screen.activeFormOf = [&] { return elsewhere; };
-    user.unticks(u"chkAviso");
-    EXPECT_FALSE(elsewhere->control(u"cboTiempoAviso")->Enabled());
-    EXPECT_TRUE(enabled(u"cboTiempoAviso"));
-    track(u"dtpFechaFin");
-    dNota_Cambio(instance, ref(u"dtpFechaFin"), u"FechaFin");
-    EXPECT_EQ(state(), modificada) << "the other form's pickers show no date";
-    track(u"dtpFechaFin");
-    dNota_CogerFoco(instance, ref(u"dtpFechaFin"));
-    EXPECT_EQ(state(), modificada);
-    here.screen.activeFormOf = own;
-  });
-}
-
-// Failures.
-
-TEST_F(EditTracking, a_field_that_cannot_be_read_leaves_the_card_marked_as_clean) {
-  with(u"Nota", {}, [&] {
-    user.types(u"txtAsunto", u"Otro");
-    nota.crs->MoveNext();
-    expectReport(u"NuevoEstado de CNota", dao::failure::noCurrentRecord);
-    user.types(u"txtAsunto", u"Otro más");
-    EXPECT_EQ(state(), limpia);
-    nota.crs->MoveFirst();
-  });
-}
-
-TEST_F(EditTracking, a_row_that_another_user_deleted_is_told_and_keeps_the_state) {
-  with(u"Nota", {}, [&] {
-    user.types(u"txtAsunto", u"Otro");
-    otherUser.deletesTheRow();
-    // With a card on top, the reload that the report of a deleted record asks for finds no controller, and
-    // the report ends in the next trap.
-    expectBox(u"La ficha acaba de ser borrada por otro usuario y\r\nno se volverá a visualizar.", 4144,
-              u"Error");
-    expectReport(u"dNota_Cambio de CNota", failure::noSuchMember);
-    user.types(u"txtAsunto", u"Otro más");
-    EXPECT_EQ(state(), modificada);
-  });
-}
-
-TEST_F(EditTracking, a_picker_entered_without_a_current_row_leaves_the_card_marked_as_clean) {
-  with(u"Nota", {}, [&] {
-    nota.crs->MoveNext();
-    expectReport(u"NuevoEstado de CNota", dao::failure::noCurrentRecord);
-    focus(u"dtpFechaAlta");
-    EXPECT_EQ(state(), limpia);
-    nota.crs->MoveFirst();
-  });
-}
-
-TEST_F(EditTracking, a_field_that_the_list_lacks_is_reported_and_keeps_the_state) {
-  with(u"Nota", {}, [&] {
-    user.types(u"txtAsunto", u"Otro");
-    expectReport(u"dNota_Cambio de CNota", dao::failure::notInCollection);
-    dNota_Cambio(instance, ref(u"txtAsunto"), u"Ninguno");
-    EXPECT_EQ(state(), modificada);
-  });
-}
-
-TEST_F(EditTracking, a_list_that_is_gone_is_reported_and_keeps_the_state) {
-  with(u"Nota", {}, [&] {
-    user.types(u"txtAsunto", u"Otro");
-    const dao::RecordsetRef kept = std::exchange(nota.crs, nullptr);
-    expectReport(u"dNota_Cambio de CNota", failure::objectNotSet);
-    user.types(u"txtAsunto", u"Otro más");
-    EXPECT_EQ(state(), modificada);
-    expectReport(u"dNota_CogerFoco de CNota", failure::objectNotSet);
-    control(u"dtpFechaAlta").Tag = HacerAlgo;
-    dNota_CogerFoco(instance, ref(u"dtpFechaAlta"));
-    nota.crs = kept;
-  });
-}
-
-TEST_F(EditTracking, a_look_up_that_fails_is_reported_and_keeps_the_state) {
-  with(u"Visita", {}, [&] {
-    user.enters(u"cboComercial");
-    here.faults.failNext("Database.OpenRecordset", dao::failure::locked);
-    expectReport(u"dNota_Cambio de CNota", dao::failure::locked);
-    user.types(u"cboComercial", u"Ana Ruiz");
-    EXPECT_EQ(state(), limpia);
-  });
-}
-
-TEST_F(EditTracking, without_an_active_control_a_change_is_reported) {
-  givenList(u"Nota");
-  openCard();  // closed again: no window, and nothing has the focus
-  form().control(u"txtAsunto");
-  expectReport(u"dNota_Cambio de CNota", failure::objectNotSet);
-  form().control(u"txtAsunto")->setValue(u"Otro");
-  expectReport(u"dNota_CogerFoco de CNota", failure::objectNotSet);
-  dNota_CogerFoco(instance, nullptr);
-  setState(cargando);
-  form().control(u"txtAsunto")->setValue(u"Otro más");
-  setState(limpia);
-}
-
-TEST_F(EditTracking, without_a_form_on_top_companions_are_reported) {
-  with(u"Visita", {}, [&] {
-    user.enters(u"chkAviso");
-    const auto own = here.screen.activeFormOf;
-    here.screen.activeFormOf = [] { return nullptr; };
-    expectReport(u"dNota_Cambio de CNota", failure::objectNotSet);
-    user.clicks(u"chkAviso");
-    here.screen.activeFormOf = own;
-  });
-}
-
-// A visit's times, as the user meets them on the card.
-
-TEST_F(EditTracking, the_end_on_the_start_date_with_an_earlier_hour_is_refused_once_and_corrected) {
-  with(u"Visita", {{u"FechaFin", kit::on(2026, 3, 11, 8, 0)}}, [&] {
-    expectBox(u"La fecha de finalización indicada es anterior a la fecha de comienzo.", 64);
-    user.sets(u"dtpFechaFin", u"10/03/2026");
-    EXPECT_EQ(card(u"dtpFechaFin"), u"10/03/26");
-    EXPECT_EQ(card(u"dtpHoraFin"), u"10:00:00");
-    EXPECT_EQ(state(), modificada);
-  });
-}
-
-TEST_F(EditTracking, a_visit_without_an_end_or_ending_before_it_begins_is_shown_untouched) {
-  with(u"Visita", {{u"FechaFin", Null}}, [&] {
-    EXPECT_EQ(card(u"dtpFechaFin"), u"-");
-    EXPECT_EQ(card(u"dtpHoraFin"), u"00:00:00");
-    EXPECT_FALSE(form().filling());
-  });
-  with(u"Visita", {{u"FechaFin", kit::on(2026, 3, 1, 8, 0)}}, [&] {
-    EXPECT_EQ(card(u"dtpFechaFin"), u"01/03/26");
-    EXPECT_EQ(card(u"dtpHoraFin"), u"08:00:00");
-  });
-}
-
-TEST_F(EditTracking, the_end_that_the_start_drags_along_is_compared_by_the_start_pickers) {
-  with(u"Visita", {{u"FechaAlta", kit::on(2026, 3, 10, 9, 30)}}, [&] {
-    focus(u"dtpFechaAlta");
-    EXPECT_EQ(state(), limpia);
-    otherUser.writes(u"FechaFin", kit::on(2026, 3, 12, 9, 30));
-    user.sets(u"dtpFechaAlta", u"12/03/2026");
-    EXPECT_EQ(card(u"dtpFechaFin"), u"12/03/26");
-    EXPECT_EQ(state(), limpia) << "the start, 12 March 9:30, against the field of the end";
   });
 }
 

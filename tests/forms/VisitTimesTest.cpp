@@ -41,7 +41,7 @@ class VisitTimes : public kit::LogicTest {
     return all;
   }
 
-  void expectRefusal() { expectBox(Text(refusal), 64); }
+  kit::FakeScreen::Expectation& expectRefusal() { return expectBox(Text(refusal), 64); }
 
   std::shared_ptr<CardForm> card = std::make_shared<CardForm>(frmVisita());
 };
@@ -102,6 +102,21 @@ TEST_F(VisitTimes, a_later_start_hour_with_the_start_date_behind_the_end_moves_n
 
 TEST_F(VisitTimes, an_end_date_before_the_start_is_refused_and_corrected) {
   expectRefusal();
+  userSets(u"dtpFechaFin", u"05/03/2005");
+  EXPECT_EQ(shown(), u"07/03/2005 10:00:00 07/03/2005 10:30:00");
+}
+
+TEST_F(VisitTimes, a_refusal_is_told_before_anything_is_corrected) {
+  expectRefusal().whileUp([&] { EXPECT_EQ(shown(), u"07/03/2005 10:00:00 05/03/2005 11:00:00"); });
+  userSets(u"dtpFechaFin", u"05/03/2005");
+  show(u"07/03/05", u"10:00:00", u"07/03/05", u"11:00:00");
+  expectRefusal().whileUp([&] { EXPECT_EQ(shown(), u"07/03/2005 10:00:00 07/03/2005 9:00:00"); });
+  userSets(u"dtpHoraFin", u"9:00:00");
+}
+
+TEST_F(VisitTimes, a_refusal_that_cannot_be_shown_is_reported_and_the_end_corrected_all_the_same) {
+  here.faults.failNext("Screen.messageBox", failure::internalError);
+  expectReport(u"MostrarMensaje() de RutinasErr", failure::internalError);
   userSets(u"dtpFechaFin", u"05/03/2005");
   EXPECT_EQ(shown(), u"07/03/2005 10:00:00 07/03/2005 10:30:00");
 }
