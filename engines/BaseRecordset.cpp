@@ -15,8 +15,10 @@ void BaseRecordset::checkOpen() const {
 
 void BaseRecordset::setFields(FieldInfos infos) {
   if (fields_ && fields_->describes(infos)) return;
+  auto fresh = std::make_unique<RecordFields>(*this, std::move(infos));
   if (fields_) retired_.push_back(std::move(fields_));
-  fields_ = std::make_unique<RecordFields>(*this, std::move(infos));
+  for (const auto& retired : retired_) retired->giveWayTo(*fresh);
+  fields_ = std::move(fresh);
 }
 
 dao::Fields& BaseRecordset::fields() {

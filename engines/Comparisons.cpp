@@ -42,16 +42,15 @@ Date edge(Date date, int side) {
   return {std::round((date.days + side * halfSecond) * unit) / unit};
 }
 
-Operand SentenceTranslator::joined(Operand left, std::size_t mark, Operand right, bool nullIsNothing) {
+void SentenceTranslator::putConstant(const Operand& text) {
+  sentence_.drop(text.first + 1, text.end);
+  sentence_.replace(text.first, quotedText(*text.text, facts_));
+}
+
+Operand SentenceTranslator::joined(const Operand& left, std::size_t mark, const Operand& right,
+                                   bool nullIsNothing) {
   Operand result{.first = left.first, .end = right.end, .type = dao::dbText, .simple = false};
   result.filled = nullIsNothing;
-  if (left.text && right.text) {
-    result.text = *left.text + *right.text;
-    result.simple = true;
-    sentence_.drop(left.first + 1, right.end);
-    sentence_.replace(left.first, quotedText(*result.text));
-    return result;
-  }
   if (!sentence_[mark].symbol(facts_.join)) sentence_.replace(mark, Text(facts_.join));
   for (const Operand* side : {&left, &right}) {
     if (side->filled) continue;
@@ -136,7 +135,7 @@ void SentenceTranslator::assign(const ColumnInfo& column, const Operand& value) 
   };
   const auto refuse = [&] { throw databaseFailure(dao::failure::conversion, column.name); };
   if (isText(type.type)) {
-    if (value.date) put(quotedText(regionalNow().dateText(*value.date)));
+    if (value.date) put(quotedText(regionalNow().dateText(*value.date), facts_));
     if (value.text && type.size > 0 && value.text->size() > static_cast<std::size_t>(type.size))
       tooLong_ = true;
     return;

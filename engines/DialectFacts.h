@@ -25,6 +25,7 @@ struct DialectFacts {
   TextView like;                  // the word for a comparison with a pattern
   Text (*likePattern)(TextView);  // a constant pattern in the engine's form; null where it reads * ? # [ ]
   TextView join;                  // joins two texts
+  TextView nul;                   // the character 0, which ends a statement; "" where texts cannot hold it
   TextView trueText, falseText;   // the constants
   bool numericBooleans;           // a Boolean column may hold -1 or 1 for true, so it is compared with 0
   Text (*date)(Date);             // a date literal

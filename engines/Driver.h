@@ -33,6 +33,8 @@ struct ResultColumn {
   Text name;
   Text table;  // of the column it comes from; both "" for an expression
   Text column;
+
+  friend bool operator==(const ResultColumn&, const ResultColumn&) = default;
 };
 
 // A statement made ready. Each of the four ways to run it runs it to its end and lets go of the database
@@ -43,6 +45,10 @@ class Statement {
   virtual ~Statement() = default;
 
   virtual std::vector<ResultColumn> columns() const = 0;
+
+  // Another number whenever its columns may have become others, because tables were changed while it is in
+  // use. Cheap: asked at every row.
+  virtual std::uint64_t columnsVersion() const = 0;
 
   // Parameters 1, 2, ...; values beyond the last that the statement uses are passed over.
   virtual void bind(std::span<const Stored> values) = 0;

@@ -31,6 +31,8 @@ KeySet Dynaset::readKeys(DynasetPlan& plan) {
 
 void Dynaset::start(KeySet keys) {
   keys_ = std::move(keys);
+  columnsVersion_ = 0;
+  places_.clear();
   updateStatement_.reset();
   rowPlace_ = nowhere;
   searched_.clear();
@@ -40,7 +42,10 @@ void Dynaset::reopen() {
   if (plan_->stillGood(database().catalog())) return start(readKeys(*plan_));
   const Translation translation = database().translated(sql());
   auto query = KeyQuery::of(*translation.select, database().driver().facts());
-  if (!query) throw databaseFailure(dao::failure::readOnly);
+  if (!query) {
+    database().driver().prepare(translation.sql, StatementKind::Select);  // knows better what is wrong
+    throw databaseFailure(dao::failure::readOnly);
+  }
   load(DynasetPlan::make(std::move(*query), database().driver(), database().catalog()));
 }
 
@@ -68,8 +73,30 @@ bool Dynaset::readRow(Place place) {
   row_.clear();
   plan_->row->bind(keysAt(place));
   rowThere_ = plan_->row->readFirst(row_);
+  if (plan_->row->columnsVersion() != columnsVersion_) followColumns();
   rowPlace_ = place;
   return rowThere_;
+}
+
+// Tables were changed: where the columns lie now that the fields were made from.
+void Dynaset::followColumns() {
+  columnsVersion_ = plan_->row->columnsVersion();
+  places_.clear();
+  const std::vector<ResultColumn> now = plan_->row->columns();
+  if (now == plan_->columns) return;
+  for (const ResultColumn& column : plan_->columns) {
+    const auto found = std::find(now.begin(), now.end(), column);
+    if (found == now.end())
+      places_.push_back(std::nullopt);
+    else
+      places_.push_back(static_cast<std::size_t>(found - now.begin()));
+  }
+}
+
+const Rows::Cell& Dynaset::cell(std::size_t field) const {
+  const auto place = places_.empty() ? field : places_[field];
+  if (!place || *place >= row_.cellCount()) throw databaseFailure(dao::failure::notInCollection);
+  return row_.cell(*place);
 }
 
 void Dynaset::freshRow() {
@@ -81,13 +108,10 @@ void Dynaset::arrive() { freshRow(); }
 
 Variant Dynaset::fieldValue(std::size_t position) {
   needRow();
-  if (position >= recordFields().count()) throw databaseFailure(dao::failure::notInCollection);
   const auto& type = recordFields().info(position).type;
   const auto delivered = type ? std::optional(type->type) : std::nullopt;
   if (!editing_) freshRow();
-  // Somebody may have taken a column out of the table meanwhile.
-  if (position >= row_.cellCount()) throw databaseFailure(dao::failure::notInCollection);
-  if (!editing_ || !edits_[position]) return toVariant(row_, row_.cell(position), delivered);
+  if (!editing_ || !edits_[position]) return toVariant(row_, cell(position), delivered);
   Rows edited;
   struct Adder {
     Rows& rows;
@@ -123,7 +147,6 @@ void Dynaset::CancelUpdate() {
 void Dynaset::setFieldValue(std::size_t position, const Variant& value) {
   checkOpen();
   if (!editing_) throw databaseFailure(dao::failure::updateWithoutEdit);
-  if (position >= edits_.size()) throw databaseFailure(dao::failure::notInCollection);
   const FieldInfo& info = recordFields().info(position);
   if (!info.updatable) throw databaseFailure(dao::failure::readOnly, info.name);
   const Stored stored = toStored(value, info.type ? info.type->type : dao::dbText);
@@ -185,6 +208,10 @@ void Dynaset::Update(int, bool) {
     Statement& statement = updateStatement(changed);
     statement.bind(values);
     if (statement.run() == 0) throw databaseFailure(dao::failure::recordDeleted);
+    for (const std::size_t field : changed)
+      if (const auto* const key = std::get_if<std::int64_t>(&*edits_[field]);
+          key && sameColumn(recordFields().info(field).column, query().baseTable().key))
+        keys_.put(static_cast<std::size_t>(place()), *key);
     rowPlace_ = nowhere;
   }
   dropEdit();
@@ -215,7 +242,7 @@ BaseRecordset::Place Dynaset::search(TextView criterion, Place from, Direction d
   if (condition.onlyColumn && keys_.width() == 1 &&
       query().isBaseKey(query().shape.outputs[*condition.onlyColumn]))
     return searchKey(condition.onlyNumber, from, direction);
-  const PlaceSet& places = matches(criterion, condition);
+  const PlaceSet& places = matches(condition);
   return direction == Direction::Forward ? places.atOrAfter(from)
                                          : places.atOrBefore(std::min(from, rows() - 1));
 }
@@ -229,13 +256,22 @@ BaseRecordset::Place Dynaset::searchKey(std::int64_t key, Place from, Direction 
   return readRow(place) ? place : nowhere;
 }
 
-const PlaceSet& Dynaset::matches(TextView criterion, const Criterion& condition) {
+// The rows of a short list are cheaper named one by one than picked out of all that its tables hold.
+std::vector<std::int64_t> Dynaset::fewKeys() const {
+  constexpr std::size_t few = 500;
+  std::vector<std::int64_t> keys;
+  if (query().shape.where.empty() || keys_.width() > 1 || keys_.size() > few) return keys;
+  for (std::size_t i = 0; i < keys_.size(); ++i) keys.push_back(keys_.key(i));
+  return keys;
+}
+
+const PlaceSet& Dynaset::matches(const Criterion& criterion) {
   Driver& driver = database().driver();
   const std::uint64_t version = driver.dataVersion();
-  if (searched_ == criterion && searchedVersion_ == version && !searched_.empty()) return found_;
+  if (searched_ == criterion.sql && searchedVersion_ == version && !searched_.empty()) return found_;
   searched_.clear();
   KeySet met(keys_.width());
-  driver.prepare(query().matchesSql(condition.sql), StatementKind::Criterion)->readKeys(met);
+  driver.prepare(query().matchesSql(criterion.sql, fewKeys()), StatementKind::Criterion)->readKeys(met);
   std::vector<std::uint32_t> places;
   std::vector<std::int64_t> keys(met.width());
   for (std::size_t row = 0; row < met.size(); ++row) {
@@ -243,7 +279,7 @@ const PlaceSet& Dynaset::matches(TextView criterion, const Criterion& condition)
     if (const auto place = keys_.find(keys)) places.push_back(static_cast<std::uint32_t>(*place));
   }
   found_ = PlaceSet(std::move(places), keys_.size());
-  searched_ = criterion;
+  searched_ = criterion.sql;
   searchedVersion_ = version;
   return found_;
 }

@@ -40,11 +40,14 @@ class Dynaset : public BaseRecordset {
   void load(std::unique_ptr<DynasetPlan> plan);
   static KeySet readKeys(DynasetPlan& plan);
   void start(KeySet keys);
+  void followColumns();
+  const Rows::Cell& cell(std::size_t field) const;  // of the row at hand: 3265 where its column is gone
   void freshRow();            // reads the current row unless it is at hand as it stands now: 3167
   bool readRow(Place place);  // false when it is gone
   std::vector<Stored> keysAt(Place place) const;
   Place searchKey(std::int64_t key, Place from, Direction direction);
-  const PlaceSet& matches(TextView criterion, const Criterion& condition);
+  const PlaceSet& matches(const Criterion& criterion);
+  std::vector<std::int64_t> fewKeys() const;
   Statement& updateStatement(const std::vector<std::size_t>& changed);
   std::vector<std::size_t> changedFields() const;
   Text written(TextView name) const;
@@ -58,13 +61,15 @@ class Dynaset : public BaseRecordset {
   Place rowPlace_ = nowhere;  // of the row at hand
   bool rowThere_ = false;
   std::uint64_t rowVersion_ = 0;
+  std::uint64_t columnsVersion_ = 0;                // of the row's statement when places_ was made
+  std::vector<std::optional<std::size_t>> places_;  // of the fields in a row, where not one after the other
 
   bool editing_ = false;
   std::vector<std::optional<Stored>> edits_;  // by field
   Text updateSql_;
   std::unique_ptr<Statement> updateStatement_;
 
-  Text searched_;  // the last criterion, and where its rows are as long as nothing changes
+  Text searched_;  // the last condition, and where its rows are as long as nothing changes
   std::uint64_t searchedVersion_ = 0;
   PlaceSet found_;
 };

@@ -12,7 +12,8 @@ std::unique_ptr<DynasetPlan> DynasetPlan::make(KeyQuery query, Driver& driver, C
   auto plan = std::make_unique<DynasetPlan>();
   plan->row = driver.prepare(query.rowSql, StatementKind::Select);
   plan->keys = driver.prepare(query.keysSql, StatementKind::Select);
-  std::vector<FieldInfo> fields = resultFields(plan->row->columns(), &query.shape, catalog);
+  plan->columns = plan->row->columns();
+  std::vector<FieldInfo> fields = resultFields(plan->columns, &query.shape, catalog);
   const bool known = fields.size() == query.shape.outputs.size();
   for (std::size_t i = 0; i < fields.size(); ++i) {
     FieldInfo& field = fields[i];

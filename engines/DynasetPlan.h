@@ -12,6 +12,7 @@ namespace ovalia::engines {
 struct DynasetPlan {
   KeyQuery query;
   FieldInfos fields;
+  std::vector<ResultColumn> columns;  // of a row, as they were when it was made
   std::unique_ptr<Statement> keys, row;
   std::uint64_t definitions = 0;  // of the catalog when it was made
   int year = 0;                   // that two-digit years were read in

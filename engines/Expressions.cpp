@@ -1,5 +1,6 @@
 #include <array>
 #include <charconv>
+#include <utility>
 
 #include "engines/DateLiteral.h"
 #include "engines/Names.h"
@@ -45,22 +46,12 @@ constexpr std::array aggregates{
     Aggregate{u"AVG", Gives::Number},           Aggregate{u"TOTAL", Gives::Number},
     Aggregate{u"GROUP_CONCAT", Gives::Argument}};
 
-constexpr int deepest = 300;
-
 int rankOf(const Token& token) {
   if (token.kind != Token::Kind::Word && token.kind != Token::Kind::Symbol) return 0;
   for (const Operator& row : operators)
     if (token.kind == Token::Kind::Word ? token.is(row.mark) : token.value == row.mark) return row.rank;
   return 0;
 }
-
-struct Deeper {
-  explicit Deeper(int& depth) : depth_(depth) {
-    if (++depth_ > deepest) throw databaseFailure(dao::failure::syntax);
-  }
-  ~Deeper() { --depth_; }
-  int& depth_;
-};
 
 }  // namespace
 
@@ -69,7 +60,7 @@ void SentenceTranslator::all(const Scope& scope, std::size_t end) {
 }
 
 Operand SentenceTranslator::expression(const Scope& scope, std::size_t end, int rank) {
-  const Deeper deeper(depth_);
+  const Level level(*this);
   Operand left;
   if (sentence_[at_].is(u"NOT")) {
     const std::size_t first = at_++;
@@ -82,11 +73,16 @@ Operand SentenceTranslator::expression(const Scope& scope, std::size_t end, int 
 }
 
 Operand SentenceTranslator::infix(Operand left, const Scope& scope, std::size_t end, int rank) {
+  bool folded = false;  // constants have been joined that the sentence still holds one by one
+  const auto settle = [&] {
+    if (std::exchange(folded, false)) putConstant(left);
+  };
   while (at_ < end) {
     const Token& token = sentence_[at_];
     const int own = rankOf(token);
-    if (own == 0 || own < rank || at_ + 1 == end) return left;
+    if (own == 0 || own < rank || at_ + 1 == end) break;
     if (own == comparing) {
+      settle();
       left = comparison(std::move(left), scope, end);
       continue;
     }
@@ -94,10 +90,17 @@ Operand SentenceTranslator::infix(Operand left, const Scope& scope, std::size_t 
     Operand right = expression(scope, end, own + 1);
     const bool texts = (left.type && isText(*left.type)) || (right.type && isText(*right.type));
     const auto joins = [](const Operand& side) { return !side.type || isText(*side.type); };
-    if (token.symbol(u"&")) {
-      left = joined(std::move(left), mark, std::move(right), true);
-    } else if (token.symbol(u"+") && texts && joins(left) && joins(right)) {
-      left = joined(std::move(left), mark, std::move(right), false);
+    const bool makesText = token.symbol(u"&") || (token.symbol(u"+") && texts && joins(left) && joins(right));
+    if (makesText && left.text && right.text) {
+      left.text->append(*right.text);
+      left.end = right.end;
+      left.simple = folded = true;
+      left.column.reset();
+      continue;
+    }
+    settle();
+    if (makesText) {
+      left = joined(left, mark, right, token.symbol(u"&"));
     } else {
       if (token.is(u"MOD")) sentence_.replace(mark, u"%");
       std::optional<dao::DataType> type = left.type ? left.type : right.type;
@@ -105,6 +108,7 @@ Operand SentenceTranslator::infix(Operand left, const Scope& scope, std::size_t 
       left = Operand{.first = left.first, .end = right.end, .type = type, .simple = false};
     }
   }
+  settle();
   return left;
 }
 
@@ -134,7 +138,7 @@ Operand SentenceTranslator::pattern(Operand left, const Scope& scope, std::size_
   const Operand right = expression(scope, end, joining);
   if (right.text && facts_.likePattern) {
     sentence_.drop(right.first + 1, right.end);
-    sentence_.replace(right.first, quotedText(facts_.likePattern(*right.text)));
+    sentence_.replace(right.first, quotedText(facts_.likePattern(*right.text), facts_));
   }
   return Operand{.first = left.first, .end = right.end, .type = dao::dbBoolean, .simple = false};
 }
@@ -277,7 +281,7 @@ Operand SentenceTranslator::function(const Scope& scope, std::size_t end) {
     result.text = Text(1, static_cast<char16_t>(*arguments[0].number));
     result.type = dao::dbText;
     sentence_.drop(first + 1, result.end);
-    sentence_.replace(first, quotedText(*result.text));
+    sentence_.replace(first, quotedText(*result.text, facts_));
     return result;
   }
   for (const FunctionFact& row : facts_.functions) {

@@ -1,6 +1,7 @@
 #include "engines/KeyQuery.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "engines/Names.h"
 #include "engines/Sentence.h"
@@ -30,7 +31,9 @@ std::vector<bool> singleTables(const SelectShape& shape, std::size_t base) {
         more = single[join.otherTable] = true;
     }
   }
-  // With an outer join a table further left may stand in a row without one of the base's.
+  // With an outer join a table further left may stand in a row without one of the base's, and any table where
+  // the right side's rows are all kept.
+  if (shape.rightJoins) single.assign(single.size(), false);
   if (shape.outerJoins) std::fill(single.begin(), single.begin() + static_cast<std::ptrdiff_t>(base), false);
   return single;
 }
@@ -65,14 +68,33 @@ std::optional<KeyQuery> KeyQuery::of(SelectShape shape, const DialectFacts& fact
   return query;
 }
 
-Text KeyQuery::matchesSql(TextView condition) const {
+Text KeyQuery::matchesSql(TextView condition, std::span<const std::int64_t> among) const {
   Text sql = u"SELECT ";
   for (std::size_t i = 0; i < keys.size(); ++i) sql.append(i > 0 ? u", " : u"").append(keys[i]);
-  return sql.append(u" FROM ").append(shape.from).append(u" WHERE (").append(condition).append(u")");
+  sql.append(u" FROM ").append(shape.from).append(u" WHERE ");
+  if (!among.empty()) {
+    sql.append(keys.front()).append(u" IN ");
+    TextView before = u"(";
+    for (const std::int64_t key : among) sql.append(std::exchange(before, u", ")).append(toText(key));
+    sql.append(u") AND ");
+  }
+  return sql.append(u"(").append(condition).append(u")");
 }
 
 bool KeyQuery::isBaseKey(const OutputColumn& output) const {
   return output.table == base && sameColumn(output.column, baseTable().key);
+}
+
+Text inKeyOrder(const Translation& select, const DialectFacts& facts) {
+  if (!select.select || !select.select->rowsOfTables || !select.select->order.empty()) return select.sql;
+  const SelectShape& shape = *select.select;
+  if (shape.tables.empty() || shape.outputs.empty()) return select.sql;
+  const SourceTable& table = shape.tables[shape.outputs.front().table.value_or(0)];
+  if (!table.definition || table.definition->key.empty()) return select.sql;
+  Text sql = u"SELECT " + shape.items + u" FROM " + shape.from;
+  if (!shape.where.empty()) sql += u" WHERE " + shape.where;
+  return sql + u" ORDER BY " + writtenName(table.alias, facts) + u"." +
+         writtenName(table.definition->key, facts) + shape.limit;
 }
 
 }  // namespace ovalia::engines

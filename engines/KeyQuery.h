@@ -1,5 +1,7 @@
 #pragma once
 
+#include <span>
+
 #include "engines/Translator.h"
 
 namespace ovalia::engines {
@@ -12,8 +14,8 @@ struct KeyQuery {
   Text keysSql;            // all keys in the order of the rows
   Text rowSql;             // the row of the keys that are its parameters
 
-  // All keys whose rows meet a condition.
-  Text matchesSql(TextView condition) const;
+  // All keys whose rows meet a condition, or those of the rows whose base keys are named.
+  Text matchesSql(TextView condition, std::span<const std::int64_t> among = {}) const;
 
   const TableInfo& baseTable() const { return *shape.tables[base].definition; }
   bool isBaseKey(const OutputColumn& output) const;
@@ -21,5 +23,9 @@ struct KeyQuery {
   // Nothing where rows cannot be named one by one.
   static std::optional<KeyQuery> of(SelectShape shape, const DialectFacts& facts);
 };
+
+// A select's statement, in the order of the keys of the table it begins with where it asks for no other: what
+// an engine gives by itself depends on the index that it chose.
+Text inKeyOrder(const Translation& select, const DialectFacts& facts);
 
 }  // namespace ovalia::engines

@@ -7,13 +7,23 @@ namespace ovalia::engines {
 
 void PackedNumbers::grow() { small_.reserve(small_.empty() ? 64 : small_.size() + small_.size() / 2); }
 
+void PackedNumbers::widen() {
+  large_.assign(small_.begin(), small_.end());
+  small_ = {};
+  narrow_ = false;
+}
+
 void PackedNumbers::pushLarge(std::int64_t number) {
-  if (narrow_) {
-    large_.assign(small_.begin(), small_.end());
-    small_ = {};
-    narrow_ = false;
-  }
+  if (narrow_) widen();
   large_.push_back(number);
+}
+
+void PackedNumbers::put(std::size_t position, std::int64_t number) {
+  if (narrow_ && number != static_cast<std::int32_t>(number)) widen();
+  if (narrow_)
+    small_[position] = static_cast<std::int32_t>(number);
+  else
+    large_[position] = number;
 }
 
 void PackedNumbers::erase(std::size_t position) {
@@ -31,6 +41,12 @@ void PackedNumbers::shrink() {
 
 std::size_t PackedNumbers::bytes() const {
   return small_.capacity() * sizeof(std::int32_t) + large_.capacity() * sizeof(std::int64_t);
+}
+
+void KeySet::put(std::size_t position, std::int64_t key) {
+  columns_.front().put(position, key);
+  order_ = Order::Unknown;
+  index_ = {};
 }
 
 void KeySet::erase(std::size_t position) {

@@ -23,12 +23,14 @@ class PackedNumbers {
       pushLarge(number);
     }
   }
+  void put(std::size_t position, std::int64_t number);
   void erase(std::size_t position);
   void shrink();
   std::size_t bytes() const;
 
  private:
   void grow();
+  void widen();
   void pushLarge(std::int64_t number);
 
   bool narrow_ = true;
@@ -50,6 +52,7 @@ class KeySet {
 
   // The key's columns one after the other.
   void push(std::size_t column, std::int64_t key) { columns_[column].push(key); }
+  void put(std::size_t position, std::int64_t key);  // another first key for a row
   void erase(std::size_t position);
   void shrink();  // gives back what growing left over
 

@@ -36,7 +36,7 @@ RecordFields::RecordFields(FieldOwner& owner, FieldInfos infos) : owner_(owner),
   fields_.reserve(infos_->size());
   signatures_.reserve(infos_->size());
   for (const FieldInfo& info : *infos_) {
-    fields_.emplace_back(owner, fields_.size(), info);
+    fields_.emplace_back(*this, fields_.size(), info);
     signatures_.push_back(signatureOf(info.name));
   }
 }
@@ -64,6 +64,14 @@ std::optional<std::size_t> RecordFields::position(TextView name) const {
     if (perhaps && sameColumn((*infos_)[i].name, name)) return i;
   }
   return std::nullopt;
+}
+
+std::size_t RecordFields::Field::present() const {
+  if (!fields_.successor_) return position_;
+  fields_.owner_.checkOpen();
+  const auto position = fields_.successor_->position(info_.name);
+  if (!position) throw databaseFailure(dao::failure::notInCollection, info_.name);
+  return *position;
 }
 
 // An expression has the type of its present value.

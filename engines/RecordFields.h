@@ -30,7 +30,9 @@ class FieldOwner {
   virtual std::shared_ptr<void> keepAlive() = 0;
 };
 
-// The fields of an owner, which outlives them: each reference to a field keeps it alive.
+// The fields of an owner, which outlives them: each reference to a field keeps it alive. When the owner's
+// columns become others it has new fields, and those that somebody still holds stand for the new ones of
+// their names.
 class RecordFields : public dao::Fields {
  public:
   RecordFields(FieldOwner& owner, FieldInfos infos);
@@ -44,26 +46,30 @@ class RecordFields : public dao::Fields {
 
   bool describes(const FieldInfos& infos) const { return infos_ == infos || *infos_ == *infos; }
 
+  void giveWayTo(const RecordFields& successor) { successor_ = &successor; }
+
   // The position of a name; nothing where there is none. The first of several.
   std::optional<std::size_t> position(TextView name) const;
 
  private:
   class Field : public dao::Field {
    public:
-    Field(FieldOwner& owner, std::size_t position, const FieldInfo& info)
-        : info_(info), owner_(owner), position_(position) {}
+    Field(const RecordFields& fields, std::size_t position, const FieldInfo& info)
+        : info_(info), fields_(fields), position_(position) {}
 
     Text Name() const override { return info_.name; }
     Text SourceTable() const override { return info_.table; }
     dao::DataType Type() const override;
     std::int32_t Attributes() const override { return info_.autoIncrement ? dao::dbAutoIncrField : 0; }
-    Variant Value() const override { return owner_.fieldValue(position_); }
-    void setValue(const Variant& value) override { owner_.setFieldValue(position_, value); }
-    std::shared_ptr<dao::Database> database() const override { return owner_.fieldDatabase(); }
+    Variant Value() const override { return fields_.owner_.fieldValue(present()); }
+    void setValue(const Variant& value) override { fields_.owner_.setFieldValue(present(), value); }
+    std::shared_ptr<dao::Database> database() const override { return fields_.owner_.fieldDatabase(); }
 
    private:
+    std::size_t present() const;  // its position now: 3265 when there is none
+
     const FieldInfo& info_;
-    FieldOwner& owner_;
+    const RecordFields& fields_;
     std::size_t position_;
   };
 
@@ -71,6 +77,7 @@ class RecordFields : public dao::Fields {
   FieldInfos infos_;
   std::vector<std::uint32_t> signatures_;  // of the names, for a quick look
   std::vector<Field> fields_;
+  const RecordFields* successor_ = nullptr;
 };
 
 }  // namespace ovalia::engines

@@ -32,6 +32,7 @@ std::size_t SentenceTranslator::find(std::size_t begin, std::size_t end,
 }
 
 SelectShape SentenceTranslator::select(std::size_t begin, std::size_t end, const Scope* outer) {
+  const Level level(*this);
   SelectShape shape;
   const std::size_t next = find(begin, end, {u"UNION", u"INTERSECT", u"EXCEPT"});
   const std::size_t after =
@@ -150,6 +151,7 @@ void SentenceTranslator::fromClause(std::size_t begin, std::size_t end, const Sc
       expectsTable = true;
     } else if (token.is(u"LEFT") || token.is(u"RIGHT") || token.is(u"FULL")) {
       shape.outerJoins = true;
+      shape.rightJoins = shape.rightJoins || !token.is(u"LEFT");
     } else if (expectsTable && token.name() && !isOne(token, joinWords)) {
       std::size_t name = i;
       while (name + 2 < end && sentence_[name + 1].symbol(u".") && sentence_[name + 2].name()) name += 2;

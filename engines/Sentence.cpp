@@ -24,7 +24,8 @@ bool wordCharacter(char16_t c) {
 }
 
 bool sticks(char16_t before, char16_t after) {
-  return (before == u'-' && after == u'-') || (wordCharacter(before) && wordCharacter(after));
+  return (before == u'-' && after == u'-') || (before == u'/' && after == u'*') ||
+         (wordCharacter(before) && wordCharacter(after));
 }
 
 bool plainName(TextView name) {
@@ -35,7 +36,17 @@ bool plainName(TextView name) {
 }  // namespace
 
 Text quotedName(TextView name) { return doubled(name, u'"'); }
-Text quotedText(TextView value) { return doubled(value, u'\''); }
+
+Text quotedText(TextView value, const DialectFacts& facts) {
+  const std::size_t nul = value.find(u'\0');
+  if (nul == TextView::npos || facts.nul.empty()) return doubled(value, u'\'');
+  Text all = u"(";
+  for (std::size_t at = nul; at != TextView::npos; at = value.find(u'\0')) {
+    all.append(doubled(value.substr(0, at), u'\'')).append(facts.join).append(facts.nul).append(facts.join);
+    value.remove_prefix(at + 1);
+  }
+  return all.append(doubled(value, u'\'')).append(u")");
+}
 
 Text writtenName(TextView name, const DialectFacts& facts) {
   const bool reserved = std::any_of(facts.reserved.begin(), facts.reserved.end(),
@@ -58,7 +69,7 @@ void Sentence::drop(std::size_t first, std::size_t end) {
 Text Sentence::plain(const Token& token) const {
   switch (token.kind) {
     case Token::Kind::TextLiteral:
-      return quotedText(token.value);
+      return quotedText(token.value, facts_);
     case Token::Kind::Name:
       return quotedName(token.value);
     case Token::Kind::DateLiteral:
@@ -78,7 +89,8 @@ Text Sentence::text(std::size_t first, std::size_t end) const {
     if (!all.empty()) all.append(sql_.substr(token.gap, token.begin - token.gap));
     all.append(edit.before);
     const Text own = edit.instead ? *edit.instead : plain(token);
-    // Two words would run together where one between them is gone; two signs would begin a comment.
+    // Two words would run together where one between them is gone; two signs would begin a comment, which the
+    // dialect does not know.
     if (!all.empty() && !own.empty() && sticks(all.back(), own.front())) all += u' ';
     all.append(own).append(edit.after);
   }

@@ -44,7 +44,7 @@ class Sentence {
 };
 
 Text quotedName(TextView name);
-Text quotedText(TextView value);
+Text quotedText(TextView value, const DialectFacts& facts);
 
 // A name as it must be written to be understood as this very name: quoted where it is reserved or not plain.
 Text writtenName(TextView name, const DialectFacts& facts);

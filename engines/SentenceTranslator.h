@@ -32,6 +32,22 @@ class SentenceTranslator {
   Criterion criterion(const SelectShape& select);
 
  private:
+  // One level of nesting; beyond what anybody writes it is a syntax failure, not the end of the stack.
+  class Level {
+   public:
+    explicit Level(SentenceTranslator& translator) : depth_(translator.depth_) {
+      if (depth_ == deepest) throw databaseFailure(dao::failure::syntax);
+      ++depth_;
+    }
+    ~Level() { --depth_; }
+    Level(const Level&) = delete;
+    Level& operator=(const Level&) = delete;
+
+   private:
+    static constexpr int deepest = 300;
+    int& depth_;
+  };
+
   // Expressions.cpp: the operators by rank, from `at_` up to `end` at most.
   Operand expression(const Scope& scope, std::size_t end, int rank);
   Operand operand(const Scope& scope, std::size_t end);
@@ -47,7 +63,8 @@ class SentenceTranslator {
   void all(const Scope& scope, std::size_t end);  // one expression after the other; what is unknown passes
 
   // Comparisons.cpp: texts joined and compared, dates and truth values compared, constants stored.
-  Operand joined(Operand left, std::size_t mark, Operand right, bool nullIsNothing);
+  Operand joined(const Operand& left, std::size_t mark, const Operand& right, bool nullIsNothing);
+  void putConstant(const Operand& text);
   void compare(const Operand& left, std::size_t mark, const Operand& right);
   bool compareDates(const Operand& left, std::size_t mark, const Operand& right);
   bool compareTruth(const Operand& left, std::size_t mark, const Operand& right);
@@ -84,6 +101,7 @@ class SentenceTranslator {
   std::vector<std::size_t> closing_;
   std::size_t at_ = 0;
   int depth_ = 0;
+  bool closed_ = true;  // every parenthesis has its partner
   bool aggregate_ = false;
   bool tooLong_ = false;
   std::vector<JoinedColumns>* joins_ = nullptr;

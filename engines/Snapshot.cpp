@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 
+#include "engines/KeyQuery.h"
 #include "engines/ResultFields.h"
 
 namespace ovalia::engines {
@@ -15,7 +16,8 @@ Snapshot::Snapshot(std::shared_ptr<Database> database, Text sql, const Translati
 void Snapshot::reopen() { read(database().translated(sql())); }
 
 void Snapshot::read(const Translation& translation) {
-  const auto statement = database().driver().prepare(translation.sql, StatementKind::Select);
+  const Text ordered = inKeyOrder(translation, database().driver().facts());
+  const auto statement = database().driver().prepare(ordered, StatementKind::Select);
   auto infos = resultFields(statement->columns(), translation.select ? &*translation.select : nullptr,
                             database().catalog());
   if (infos.empty()) throw databaseFailure(dao::failure::syntax, sql());
@@ -24,7 +26,7 @@ void Snapshot::read(const Translation& translation) {
   if (statement->readUpTo(fresh, atOnce)) {
     // All of one moment: the rows read so far are read again.
     fresh.clear();
-    rest = database().driver().stream(translation.sql);
+    rest = database().driver().stream(ordered);
     if (!rest)
       statement->readAll(fresh);
     else if (!rest->readSome(fresh, atOnce))
@@ -63,7 +65,6 @@ const Rows::Cell& Snapshot::cell(Place row, std::size_t column) const {
 
 Variant Snapshot::fieldValue(std::size_t position) {
   needRow();
-  if (position >= columns_) throw databaseFailure(dao::failure::notInCollection);
   const auto& type = recordFields().info(position).type;
   return toVariant(rows_, cell(place(), position), type ? std::optional(type->type) : std::nullopt);
 }

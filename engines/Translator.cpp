@@ -63,11 +63,15 @@ SentenceTranslator::SentenceTranslator(Sentence& sentence, Catalog& catalog)
   std::vector<std::size_t> open;
   for (std::size_t i = 0; i < sentence.size(); ++i) {
     if (sentence[i].symbol(u"(")) open.push_back(i);
-    if (sentence[i].symbol(u")") && !open.empty()) {
+    if (!sentence[i].symbol(u")")) continue;
+    if (open.empty()) {
+      closed_ = false;
+    } else {
       closing_[open.back()] = i;
       open.pop_back();
     }
   }
+  closed_ = closed_ && open.empty();
 }
 
 std::size_t SentenceTranslator::closing(std::size_t open) const { return closing_[open]; }
@@ -95,6 +99,7 @@ Translation SentenceTranslator::statement() {
 }
 
 Criterion SentenceTranslator::criterion(const SelectShape& select) {
+  if (!closed_) throw databaseFailure(dao::failure::criterionSyntax);
   const Scope scope{select, nullptr, true, true};
   const std::size_t end = sentence_.size();
   all(scope, end);

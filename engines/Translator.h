@@ -38,6 +38,7 @@ struct SelectShape {
   std::vector<JoinedColumns> joins;
   Text items, from, where, order, limit;  // each without its keyword but `limit`; "" where there is none
   bool outerJoins = false;                // a table may have no row in a row of the result
+  bool rightJoins = false;                // nor need those on the left of such a table have one
   bool rowsOfTables = false;  // a row is one row of each table: no grouping, DISTINCT, UNION, aggregate
 };
 

@@ -12,6 +12,7 @@ namespace ovalia::engines {
 namespace {
 
 constexpr double amountScale = 10'000;
+constexpr std::int64_t amountLimit = 900'000'000'000'000;
 
 std::optional<Date> isoDate(std::string_view text) {
   DateParts parts{1899, 12, 30, 0, 0, 0};
@@ -76,7 +77,7 @@ Variant fromInteger(std::int64_t number, dao::DataType type) {
     case dao::dbLong:
       return wholeNumber(number, type);
     case dao::dbCurrency:
-      if (std::abs(number) < 900'000'000'000'000) return Currency{number * 10'000};
+      if (number > -amountLimit && number < amountLimit) return Currency{number * 10'000};
       return static_cast<double>(number);
     case dao::dbText:
     case dao::dbMemo:

@@ -43,6 +43,7 @@ const DialectFacts dialect{
     .like = u"LIKE",
     .likePattern = nullptr,
     .join = u"||",
+    .nul = u"char(0)",
     .trueText = u"-1",
     .falseText = u"0",
     .numericBooleans = true,

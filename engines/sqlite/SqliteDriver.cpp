@@ -28,7 +28,8 @@ std::int64_t numberAt(const Rows& rows, std::size_t row, InfoColumn column) {
 }
 
 std::string uriOf(const std::string& file) {
-  std::string uri = "file:";
+  // Two slashes at the beginning would name a server.
+  std::string uri = file.starts_with('/') ? "file://" : "file:";
   for (const char c : file) {
     if (c == '?' || c == '#' || c == '%') {
       constexpr char digits[] = "0123456789ABCDEF";
@@ -93,6 +94,11 @@ void SqliteDriver::settle() {
   schemaVersion_ = prepare(u"PRAGMA schema_version", StatementKind::Other);
   schemaVersion();  // the log's shared index is there once something has been read
   settingsChanged();
+}
+
+void SqliteDriver::settingsChanged() {
+  watch_ = watchChanges(connection_.get(), *this);
+  ++statements_;
 }
 
 const DialectFacts& SqliteDriver::facts() const { return dialect; }

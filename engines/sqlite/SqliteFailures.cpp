@@ -21,6 +21,8 @@ constexpr std::array codes{
     CodeFact{SQLITE_MISMATCH, dao::failure::conversion},
     CodeFact{SQLITE_BUSY, dao::failure::locked},
     CodeFact{SQLITE_LOCKED, dao::failure::locked},
+    CodeFact{SQLITE_PROTOCOL, dao::failure::locked},
+    CodeFact{SQLITE_SCHEMA, dao::failure::locked},
     CodeFact{SQLITE_READONLY, dao::failure::readOnly},
     CodeFact{SQLITE_CORRUPT, dao::failure::damaged},
     CodeFact{SQLITE_NOTADB, dao::failure::damaged},

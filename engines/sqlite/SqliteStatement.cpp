@@ -61,6 +61,11 @@ std::vector<ResultColumn> SqliteStatement::columns() const {
   return all;
 }
 
+// It is prepared anew when it meets another schema.
+std::uint64_t SqliteStatement::columnsVersion() const {
+  return static_cast<std::uint64_t>(sqlite3_stmt_status(statement_, SQLITE_STMTSTATUS_REPREPARE, 0));
+}
+
 void SqliteStatement::bind(std::span<const Stored> values) {
   struct Binder {
     sqlite3_stmt* statement;

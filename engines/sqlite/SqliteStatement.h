@@ -14,6 +14,7 @@ class SqliteStatement : public Statement {
   SqliteStatement& operator=(const SqliteStatement&) = delete;
 
   std::vector<ResultColumn> columns() const override;
+  std::uint64_t columnsVersion() const override;
   void bind(std::span<const Stored> values) override;
   bool readFirst(Rows& into) override;
   void readAll(Rows& into) override;

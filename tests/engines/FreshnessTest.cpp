@@ -19,6 +19,26 @@ TEST_P(Freshness, of_a_row_follows_own_writes_before_they_are_committed_and_afte
   EXPECT_EQ(set->value(u"Asunto").text(), u"Llaves");
 }
 
+TEST_P(Freshness, of_a_row_is_not_deceived_by_the_next_transaction_or_a_savepoint) {
+  const auto set = agency.notes();
+  mine->Execute(u"BEGIN");
+  mine->Execute(u"UPDATE NotaIP SET Asunto = 'Dentro' WHERE IdNotaIP = 1");
+  EXPECT_EQ(set->value(u"Asunto").text(), u"Dentro");
+  mine->Execute(u"ROLLBACK");
+  mine->Execute(u"BEGIN");
+  EXPECT_EQ(set->value(u"Asunto").text(), u"Llaves");
+  mine->Execute(u"SAVEPOINT Antes");
+  mine->Execute(u"UPDATE NotaIP SET Asunto = 'Dentro' WHERE IdNotaIP = 1");
+  set->FindFirst(u"Asunto = 'dentro'");
+  EXPECT_FALSE(set->NoMatch());
+  EXPECT_EQ(set->value(u"Asunto").text(), u"Dentro");
+  mine->Execute(u"ROLLBACK TO Antes");
+  EXPECT_EQ(set->value(u"Asunto").text(), u"Llaves");
+  set->FindFirst(u"Asunto = 'dentro'");
+  EXPECT_TRUE(set->NoMatch());
+  mine->Execute(u"COMMIT");
+}
+
 TEST_P(Freshness, of_a_search_follows_every_write) {
   const auto set = agency.notes();
   set->FindFirst(u"Asunto = 'nuevo'");
@@ -78,6 +98,30 @@ TEST_P(Freshness, of_rows_without_one_of_the_first_columns_table) {
   EXPECT_EQ(set->value(u"Asunto").text(), u"Sin dueño");
 }
 
+TEST_P(Freshness, of_rows_without_one_of_a_table_further_left) {
+  for (const TextView join : {u"RIGHT", u"FULL"}) {
+    const auto set = mine->OpenRecordset(u"SELECT NotaIP.IdNotaIP, Asunto, Alias FROM NotaIP " + Text(join) +
+                                         u" JOIN Cliente ON NotaIP.IdCliente = Cliente.IdCliente "
+                                         u"ORDER BY Alias DESC");
+    EXPECT_EQ(set->value(u"Alias").text(), u"Peña");
+    EXPECT_TRUE(set->value(u"Asunto").isNull());
+    EXPECT_EQ(failureOf([&] { set->Delete(); }), f::recordDeleted) << "there is nothing to delete";
+    EXPECT_EQ(set->RecordCount(), join == u"FULL" ? 5 : 1);
+  }
+}
+
+TEST_P(Freshness, of_rows_that_are_found_is_that_of_the_list_not_of_its_table) {
+  const auto set = agency.notes();
+  set->FindFirst(u"Asunto = 'otra'");
+  EXPECT_TRUE(set->NoMatch()) << "a row of another property";
+  theirs->Execute(u"UPDATE NotaIP SET IdInm = 120 WHERE IdNotaIP = 4");
+  set->FindFirst(u"Asunto = 'otra'");
+  EXPECT_TRUE(set->NoMatch()) << "it came later";
+  theirs->Execute(u"UPDATE NotaIP SET IdInm = 9, Asunto = 'Se va' WHERE IdNotaIP = 2");
+  set->FindFirst(u"Asunto = 'se va'");
+  EXPECT_EQ(set->AbsolutePosition(), 1);
+}
+
 TEST_P(Freshness, of_tables_that_have_no_key_of_their_own) {
   mine->Execute(u"CREATE TABLE Suelta (Nombre VARCHAR(20))");
   mine->Execute(u"INSERT INTO Suelta VALUES ('uno')");
@@ -126,6 +170,10 @@ TEST(SqliteFiles, take_dates_as_text_too) {
   other->setValue(u"a", u"y");
   other->Update();
   EXPECT_EQ(other->value(u"a").text(), u"y");
+  other->Edit();
+  other->setValue(u"Clave", std::int32_t{6});
+  other->Update();
+  EXPECT_EQ(other->value(u"a").text(), u"y") << "the row goes on under its new key";
   const auto set = database->OpenRecordset(u"SELECT IdT, '2005-03-07 09:05:00' AS d FROM T");
   EXPECT_EQ(set->value(u"d").text(), u"2005-03-07 09:05:00");
 }

@@ -84,6 +84,16 @@ TEST_P(LongSnapshots, show_what_their_own_transaction_has_not_committed) {
   mine->Execute(u"ROLLBACK");
 }
 
+TEST_P(LongSnapshots, without_an_order_come_in_that_of_their_keys) {
+  mine->Execute(u"CREATE INDEX DocuNotaIP_Nombre ON DocuNotaIP (IdNota, NombreOrg, Id)");
+  mine->Execute(u"INSERT INTO DocuNotaIP (IdNota, NombreOrg) VALUES (1, 'Carta.doc')");
+  mine->Execute(u"INSERT INTO DocuNotaIP (IdNota, NombreOrg) VALUES (1, 'Anexo.doc')");
+  EXPECT_EQ(agency.column(u"SELECT NombreOrg FROM DocuNotaIP WHERE IdNota = 1"),
+            (std::vector<Text>{u"Plano.doc", u"Carta.doc", u"Anexo.doc"}));
+  EXPECT_EQ(agency.column(u"SELECT TOP 2 NombreOrg FROM DocuNotaIP WHERE IdNota = 1"),
+            (std::vector<Text>{u"Plano.doc", u"Carta.doc"}));
+}
+
 TEST_P(LongSnapshots, close_before_their_end) {
   const auto set = all(*mine);
   set->Close();
