@@ -40,17 +40,22 @@ Form::~Form() = default;
 void Form::load() {
   if (loaded_) return;
   loaded_ = true;
-  keyPreview_ = false;
-  windowState_ = 0;
-  caption_ = design_.caption;
-  width_ = design_.width > 0 ? design_.width : design_.minimumWidth;
-  height_ = design_.height > 0 ? design_.height : design_.minimumHeight;
-  left_ = middle(screenSize().width, width_);
-  top_ = middle(screenSize().height, height_);
-  for (const ControlDesign& row : design_.controls) controls_.push_back(makeControl(*this, row));
-  Runtime& runtime = Runtime::current();
-  runtime.loaded_.push_back(weak_from_this());
-  if (runtime.viewFactory()) view_ = runtime.viewFactory()(*this);
+  try {
+    keyPreview_ = false;
+    windowState_ = 0;
+    caption_ = design_.caption;
+    width_ = design_.width > 0 ? design_.width : design_.minimumWidth;
+    height_ = design_.height > 0 ? design_.height : design_.minimumHeight;
+    left_ = middle(screenSize().width, width_);
+    top_ = middle(screenSize().height, height_);
+    for (const ControlDesign& row : design_.controls) controls_.push_back(makeControl(*this, row));
+    Runtime& runtime = Runtime::current();
+    runtime.loaded_.push_back(weak_from_this());
+    if (runtime.viewFactory()) view_ = runtime.viewFactory()(*this);
+  } catch (...) {
+    takeDown();  // half a window could be neither used nor closed
+    throw;
+  }
   onLoad();
 }
 

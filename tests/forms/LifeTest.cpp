@@ -57,6 +57,24 @@ TEST_F(Life, the_load_runs_inside_the_access_with_all_controls_at_their_design) 
   EXPECT_EQ(card->journal, (Names{u"Load", u"Nueva Nota", u"Cambio Asunto"}));
 }
 
+TEST_F(Life, a_window_that_cannot_be_made_leaves_none_and_the_next_touch_makes_it) {
+  const auto card = made(frmNota());
+  for (const char* measure : {"Screen.width", "Screen.height"}) {
+    here.faults.failNext(measure, failure::internalError);
+    EXPECT_EQ(failureOf([&] { card->setCaption(u"Otro"); }), failure::internalError);
+    EXPECT_FALSE(card->loaded());
+    EXPECT_TRUE(Runtime::current().loadedForms().empty());
+  }
+  Runtime::current().setViewFactory(
+      [](Form&) -> std::shared_ptr<FormView> { throw Failure(failure::outOfMemory); });
+  EXPECT_EQ(failureOf([&] { card->control(u"txtAsunto"); }), failure::outOfMemory);
+  EXPECT_FALSE(card->loaded());
+  EXPECT_TRUE(Runtime::current().loadedForms().empty());
+  Runtime::current().setViewFactory({});
+  EXPECT_EQ(card->raisedBy([&] { card->setCaption(u"Otro"); }), Names{u"Load"});
+  EXPECT_EQ(card->control(u"txtAsunto")->value().text(), u"");
+}
+
 TEST_F(Life, a_show_goes_load_show_resize_focus) {
   const auto card = made(frmVisita());
   desk.whileShown([&] {
