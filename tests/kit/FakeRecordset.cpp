@@ -29,6 +29,8 @@ struct FakeCursor {
   void checkOpen() const {
     if (closed) throw Failure(failure::objectNotSet);
   }
+  bool beforeFirst() const { return keys.empty() || (position < 0 && !hole); }
+  bool behindLast() const { return keys.empty() || (position >= std::ssize(keys) && !hole); }
   FakeRow& row() const {
     if (hole) throw Failure(dao::failure::recordDeleted);
     if (position < 0 || position >= std::ssize(keys)) throw Failure(dao::failure::noCurrentRecord);
@@ -164,25 +166,28 @@ FakeRecordset::FakeRecordset(FakeTableRef table, std::shared_ptr<dao::Database> 
 FakeRecordset::~FakeRecordset() = default;
 
 bool FakeRecordset::isBOF() const {
-  cursor_->checkOpen();
-  return cursor_->keys.empty() || (cursor_->position < 0 && !cursor_->hole);
+  cursor_->visit("Recordset.BOF");
+  return cursor_->beforeFirst();
 }
 
 bool FakeRecordset::isEOF() const {
-  cursor_->checkOpen();
-  return cursor_->keys.empty() || (cursor_->position >= std::ssize(cursor_->keys) && !cursor_->hole);
+  cursor_->visit("Recordset.EOF");
+  return cursor_->behindLast();
 }
 
-bool FakeRecordset::NoMatch() const { return cursor_->noMatch; }
+bool FakeRecordset::NoMatch() const {
+  cursor_->visit("Recordset.NoMatch");
+  return cursor_->noMatch;
+}
 
 std::int32_t FakeRecordset::AbsolutePosition() const {
-  cursor_->checkOpen();
-  if (cursor_->hole || isBOF() || isEOF()) return -1;
+  cursor_->visit("Recordset.AbsolutePosition");
+  if (cursor_->hole || cursor_->beforeFirst() || cursor_->behindLast()) return -1;
   return static_cast<std::int32_t>(cursor_->position);
 }
 
 std::int32_t FakeRecordset::RecordCount() const {
-  cursor_->checkOpen();
+  cursor_->visit("Recordset.RecordCount");
   return static_cast<std::int32_t>(cursor_->keys.size());
 }
 
@@ -200,16 +205,16 @@ void FakeRecordset::MoveLast() {
 
 void FakeRecordset::MoveNext() {
   cursor_->visit("Recordset.MoveNext");
-  if (isEOF()) throw Failure(dao::failure::noCurrentRecord);
+  if (cursor_->behindLast()) throw Failure(dao::failure::noCurrentRecord);
   moveTo(cursor_->hole ? cursor_->position : cursor_->position + 1);
-  if (!isEOF()) cursor_->row();
+  if (!cursor_->behindLast()) cursor_->row();
 }
 
 void FakeRecordset::MovePrevious() {
   cursor_->visit("Recordset.MovePrevious");
-  if (isBOF()) throw Failure(dao::failure::noCurrentRecord);
+  if (cursor_->beforeFirst()) throw Failure(dao::failure::noCurrentRecord);
   moveTo(cursor_->position - 1);
-  if (!isBOF()) cursor_->row();
+  if (!cursor_->beforeFirst()) cursor_->row();
 }
 
 void FakeRecordset::moveTo(std::ptrdiff_t wanted) {

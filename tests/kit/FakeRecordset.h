@@ -14,8 +14,8 @@ namespace ovalia::kit {
 struct FakeCursor;
 
 // A dynaset over a FakeTable, by the rules of the port: the rows as they were when it was opened, read live,
-// with an edit buffer. Faults: "Recordset.MoveFirst", ... "Recordset.Find", "Recordset.Edit",
-// "Recordset.Update", "Recordset.Delete", "Recordset.Requery", "Field.Value", "Field.setValue".
+// with an edit buffer. Faults: "Recordset.BOF", "Recordset.NoMatch", "Recordset.MoveFirst" and so on, of
+// every Find "Recordset.Find"; "Field.Value", "Field.setValue".
 //
 // Criteria are conjunctions of `column = literal` (a number, 'text', Null); a test that needs more sets
 // `matcher`.
