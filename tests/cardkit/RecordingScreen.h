@@ -32,6 +32,11 @@ class RecordingScreen : public FakeScreen {
     return buttons == 35 ? saveAnswer : 7;
   }
 
+  void beep() override {
+    faults_.visit("Screen.beep");
+    FakeScreen::beep();
+  }
+
  private:
   FaultPanel& faults_;
 };

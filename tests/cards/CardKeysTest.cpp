@@ -122,6 +122,29 @@ TEST_F(CardKeys, escape_makes_a_card_that_was_half_filled_clean) {
   });
 }
 
+TEST_F(CardKeys, an_escape_whose_write_fails_leaves_the_card_open_and_changed) {
+  openOn(u"Nota", [&] {
+    change({{u"txtNotas", u"Nuevo texto"}});
+    expectQuestion(changedNote, yes);
+    here.faults.failNext("Recordset.Update", dao::failure::locked);
+    expectReport(u"GrabaRegistro de CNota", dao::failure::locked);
+    user.presses(27);
+    EXPECT_TRUE(form().Visible());
+    EXPECT_EQ(state(), modificada);
+    EXPECT_EQ(card(u"txtNotas"), u"Nuevo texto");
+  });
+}
+
+TEST_F(CardKeys, an_escape_whose_pane_cannot_be_remembered_closes_all_the_same) {
+  openOn(u"Nota", [&] {
+    here.faults.failNth("Settings.save", 6, failure::internalError);
+    expectReport(u"dNota_UnLoad de CNota", failure::internalError);
+    user.presses(27);
+    EXPECT_FALSE(form().Visible());
+    EXPECT_EQ(state(), limpia);
+  });
+}
+
 TEST_F(CardKeys, an_escape_that_finds_no_form_is_reported) {
   openOn(u"Nota", [&] {
     here.screen.activeFormOf = [] { return ObjectRef(); };

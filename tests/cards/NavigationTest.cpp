@@ -1,37 +1,14 @@
 #include "cards/Navigation.h"
 
-#include <gtest/gtest.h>
-
-#include "tests/cardkit/OpenCard.h"
+#include "tests/cards/Moves.h"
 
 namespace ovalia {
 namespace {
 
-struct MoveCase {
-  TextView tool, name;
-  void (*run)(Instance& nota);
-  int target;  // from the second of three
-};
+using kit::MoveCase;
+using kit::moves;
 
-constexpr MoveCase moves[] = {
-    {u"ID_Primero", u"Primero de CNota", Primero, 1},
-    {u"ID_Anterior", u"Anterior de CNota", Anterior, 1},
-    {u"ID_Siguiente", u"Siguiente de CNota", Siguiente, 3},
-    {u"ID_Ultimo", u"Ultimo de CNota", Ultimo, 3},
-};
-
-const Text changedNote = u"¿Desea guardar los cambios realizados en la nota?";
-
-class Navigation : public kit::OpenCardTest {
- protected:
-  Text textOf(int row) { return u"Texto " + toText(row); }
-
-  void expectOn(int row) {
-    EXPECT_EQ(standsOn(), 500 + row);
-    EXPECT_EQ(card(u"txtNotas"), textOf(row));
-    EXPECT_EQ(state(), limpia);
-  }
-};
+class Navigation : public kit::Moving {};
 
 // The moves.
 
@@ -47,14 +24,20 @@ TEST_F(Navigation, every_move_goes_to_its_row_and_fills_the_card_again) {
   }
 }
 
-TEST_F(Navigation, after_a_move_the_tools_follow_the_place) {
-  openOn(u"Nota", [&] {
-    Siguiente(instance);
-    EXPECT_TRUE(enabled(u"ID_Primero"));
-    EXPECT_FALSE(enabled(u"ID_Siguiente"));
-    EXPECT_TRUE(enabled(u"ID_Imprimir"));
-    EXPECT_EQ(caption(), u"Inmueble 120 - Nota: 3/3");
-  });
+TEST_F(Navigation, after_a_move_the_tools_are_those_of_a_saved_card_at_its_place) {
+  for (const MoveCase& move : moves) {
+    openOn(u"Nota", [&] {
+      for (const TextView tool : {u"ID_Imprimir", u"ID_Borrar", u"ID_Buscar"})
+        form().toolbars().tool(tool)->setEnabled(false);
+      form().toolbars().tool(u"ID_Guardar")->setEnabled(true);
+      move.run(instance);
+      for (const TextView tool : {u"ID_Imprimir", u"ID_Borrar", u"ID_Buscar"}) EXPECT_TRUE(enabled(tool));
+      EXPECT_FALSE(enabled(u"ID_Guardar"));
+      EXPECT_EQ(enabled(u"ID_Primero"), move.target == 3);
+      EXPECT_EQ(enabled(u"ID_Siguiente"), move.target == 1);
+      EXPECT_EQ(caption(), u"Inmueble 120 - Nota: " + toText(move.target) + u"/3");
+    });
+  }
 }
 
 TEST_F(Navigation, only_the_move_to_the_first_shows_the_hourglass) {
@@ -106,6 +89,8 @@ TEST_F(Navigation, on_an_empty_list_nothing_happens) {
       EXPECT_EQ(state(), modificada);
       EXPECT_EQ(card(u"txtNotas"), u"Nuevo texto");
       EXPECT_EQ(here.screen.beeps, 0);
+      EXPECT_TRUE(here.screen.pointers.empty());
+      EXPECT_TRUE(host.events.empty());
     });
   }
 }
@@ -126,8 +111,12 @@ TEST_F(Navigation, at_the_edge_itself_only_the_moves_that_way_do_nothing) {
         crs().MoveFirst();
         crs().MovePrevious();
       }
+      change({{u"txtNotas", u"Nuevo texto"}});
       for (const auto move : edge.stuck) move(instance);
-      EXPECT_EQ(card(u"txtNotas"), u"Texto 2");
+      EXPECT_EQ(card(u"txtNotas"), u"Nuevo texto");
+      EXPECT_EQ(state(), modificada);
+      EXPECT_EQ(crs().AbsolutePosition(), -1);
+      instance.EstadoFicha = limpia;
       edge.free(instance);
       expectOn(edge.target);
     });
@@ -144,6 +133,7 @@ TEST_F(Navigation, a_value_that_is_refused_keeps_the_card_where_it_is) {
       EXPECT_EQ(standsOn(), 502);
       EXPECT_EQ(state(), modificada);
       EXPECT_EQ(card(u"txtNDias"), u"300");
+      EXPECT_TRUE(here.screen.pointers.empty());
     });
   }
 }
@@ -181,166 +171,62 @@ TEST_F(Navigation, answered_cancel_the_list_does_not_move) {
       EXPECT_EQ(standsOn(), 502);
       EXPECT_EQ(state(), modificada);
       EXPECT_EQ(card(u"txtNotas"), u"Nuevo texto");
+      EXPECT_TRUE(here.screen.pointers.empty());
     });
   }
 }
 
-// A row that another user has deleted.
+TEST_F(Navigation, a_card_that_was_half_filled_moves_on_without_a_question) {
+  for (const MoveCase& move : moves) {
+    openOn(u"Nota", [&] {
+      keep();
+      instance.EstadoFicha = cargando;
+      move.run(instance);
+      expectOn(move.target);
+      EXPECT_EQ(at(2, u"Notas").text(), u"Texto 2");
+    });
+  }
+}
 
-TEST_F(Navigation, onto_a_deleted_row_the_host_reads_its_list_again_and_the_card_stays) {
+// A card that was never saved.
+
+const Text newNote = u"¿Desea guardar la nueva nota?";
+
+TEST_F(Navigation, a_new_card_is_saved_and_left_or_kept) {
+  for (const MoveCase& move : moves) {
+    for (const int answer : {yes, cancel}) {
+      openOn(u"Nota", [&] {
+        put(u"txtNotas", typed);
+        instance.EstadoFicha = nueva;
+        expectQuestion(newNote, answer);
+        move.run(instance);
+        EXPECT_EQ(at(2, u"Notas").text(), answer == yes ? typed : u"Texto 2");
+        if (answer == yes) return expectOn(move.target);
+        EXPECT_EQ(standsOn(), 502);
+        EXPECT_EQ(state(), nueva);
+        EXPECT_EQ(card(u"txtNotas"), typed);
+      });
+    }
+  }
+}
+
+TEST_F(Navigation, a_new_card_that_is_not_wanted_is_left_from_wherever_the_list_stands_then) {
   struct {
     void (*run)(Instance& nota);
-    int gone, from;
-    std::int32_t standsOn;  // afterwards: a key
-    std::vector<Text> criteria;
-  } const cases[] = {
-      {Primero, 1, 3, 502, {}},
-      {Siguiente, 3, 2, 504, {u"IdAnota = 502"}},
-      {Anterior, 2, 3, 501, {u"IdAnota = 503"}},
-      {Ultimo, 4, 2, 503, {}},
-  };
+    int target;
+  } const cases[] = {{Primero, 1}, {Anterior, 1}, {Siguiente, 4}, {Ultimo, 5}};
   for (const auto& expected : cases) {
-    listOf(u"Nota", 4);
-    open(expected.from, [&] {
-      put(u"txtNotas", u"Lo que había");
-      list->vanish(static_cast<std::size_t>(expected.gone) - 1);
+    listOf(u"Nota", 5);
+    open(2, [&] {
+      instance.EstadoFicha = nueva;
+      expectQuestion(newNote, no).whileUp([&] {
+        crs().Delete();
+        crs().MoveNext();
+      });
       expected.run(instance);
-      EXPECT_EQ(host.events, std::vector<Text>{u"CargaRegistros(Nota, NotaIP)"});
-      EXPECT_EQ(crs().criteria, expected.criteria);
-      EXPECT_EQ(standsOn(), expected.standsOn);
-      EXPECT_EQ(card(u"txtNotas"), u"Lo que había");
-      EXPECT_EQ(state(), limpia);
+      expectOn(expected.target);
     });
   }
-}
-
-TEST_F(Navigation, the_host_may_put_another_list_in_its_place) {
-  openOn(u"Nota", [&] {
-    host.answers.CargaRegistros = [&](Text&, Text&) { nota.crs = database->OpenRecordset(u"NotaIP"); };
-    list->vanish(2);
-    const auto before = nota.crs;
-    Siguiente(instance);
-    EXPECT_NE(nota.crs, before);
-    EXPECT_EQ(crs().criteria, std::vector<Text>{u"IdAnota = 502"});
-    EXPECT_TRUE(crs().isEOF());
-  });
-}
-
-TEST_F(Navigation, a_recovery_past_the_last_row_leaves_the_list_behind_it) {
-  openOn(u"Nota", [&] {
-    list->vanish(2);
-    Siguiente(instance);
-    EXPECT_TRUE(crs().isEOF());
-    EXPECT_EQ(card(u"txtNotas"), u"Texto 2");
-  });
-}
-
-TEST_F(Navigation, a_recovery_before_the_first_row_leaves_the_list_before_it) {
-  openOn(u"Nota", [&] {
-    list->vanish(0);
-    Anterior(instance);
-    EXPECT_TRUE(crs().isBOF());
-    EXPECT_EQ(card(u"txtNotas"), u"Texto 2");
-  });
-}
-
-TEST_F(Navigation, a_current_row_that_is_gone_is_recovered_without_a_word) {
-  for (const MoveCase& move : {moves[1], moves[2]}) {
-    openOn(u"Nota", [&] {
-      list->vanish(1);
-      move.run(instance);
-      EXPECT_EQ(host.events, std::vector<Text>{u"CargaRegistros(Nota, NotaIP)"});
-      EXPECT_EQ(crs().criteria, std::vector<Text>{u"IdAnota = 0"});
-    });
-  }
-}
-
-TEST_F(Navigation, what_fails_in_the_recovery_reaches_the_command) {
-  for (const MoveCase& move : moves) {
-    openOn(u"Nota", [&] {
-      host.answers.CargaRegistros = [&](Text&, Text&) { throw Failure(failure::typeMismatch); };
-      list->vanish(static_cast<std::size_t>(move.target) - 1);
-      expectReport(u"dNota_Menu de CNota", failure::typeMismatch);
-      command(u"Navegacion", move.tool);
-    });
-  }
-}
-
-TEST_F(Navigation, a_failing_step_of_the_recovery_reaches_the_command) {
-  struct {
-    TextView tool;
-    int gone;
-    std::string_view operation;
-  } const cases[] = {{u"ID_Siguiente", 3, "Recordset.Find"},
-                     {u"ID_Anterior", 1, "Recordset.Find"},
-                     {u"ID_Ultimo", 3, "Recordset.MoveLast"}};
-  for (const auto& expected : cases) {
-    openOn(u"Nota", [&] {
-      host.answers.CargaRegistros = [&](Text&, Text&) {
-        nota.crs->Requery();
-        here.faults.failNext(expected.operation, dao::failure::locked);
-      };
-      list->vanish(static_cast<std::size_t>(expected.gone) - 1);
-      expectReport(u"dNota_Menu de CNota", dao::failure::locked);
-      command(u"Orden", expected.tool);
-    });
-  }
-}
-
-TEST_F(Navigation, a_move_that_an_associated_object_cancels_ends_without_a_word) {
-  struct {
-    void (*run)(Instance& nota);
-    std::string_view operation;
-  } const cases[] = {{Primero, "Recordset.MoveFirst"},
-                     {Siguiente, "Recordset.MoveNext"},
-                     {Anterior, "Recordset.MovePrevious"},
-                     {Ultimo, "Recordset.MoveLast"}};
-  for (const auto& expected : cases) {
-    openOn(u"Nota", [&] {
-      put(u"txtNotas", u"Lo que había");
-      here.faults.failNext(expected.operation, dao::failure::cancelledByObject);
-      expected.run(instance);
-      EXPECT_EQ(standsOn(), 502);
-      EXPECT_EQ(card(u"txtNotas"), u"Lo que había");
-      EXPECT_TRUE(host.events.empty());
-    });
-  }
-}
-
-TEST_F(Navigation, any_other_failure_is_reported_and_the_card_is_not_filled) {
-  for (const MoveCase& move : moves) {
-    openOn(u"Nota", [&] {
-      put(u"txtNotas", u"Lo que había");
-      here.faults.failNth("Field.Value", 1, dao::failure::locked);
-      expectReport(Text(move.name), dao::failure::locked);
-      move.run(instance);
-      EXPECT_EQ(card(u"txtNotas"), u"Lo que había");
-      EXPECT_EQ(here.screen.pointer, move.run == Primero ? 11 : 0);
-      here.screen.pointer = 0;
-    });
-  }
-}
-
-TEST_F(Navigation, without_a_list_a_move_is_reported) {
-  for (const MoveCase& move : moves) {
-    expectReport(Text(move.name), failure::objectNotSet);
-    move.run(instance);
-  }
-}
-
-TEST_F(Navigation, a_deletion_that_races_the_question_makes_the_write_fail_and_the_move_is_not_made) {
-  openOn(u"Nota", [&] {
-    change({{u"txtNotas", u"Nuevo texto"}});
-    expectQuestion(changedNote, yes).whileUp([&] { list->vanish(1); });
-    expectBox(u"La ficha acaba de ser borrada por otro usuario y\r\nno se volverá a visualizar.", 4144,
-              u"Error");
-    expectReport(u"AvisoCambio de CNota", failure::noSuchMember);
-    user.clicks(u"ID_Siguiente");
-    EXPECT_EQ(state(), modificada);
-    EXPECT_EQ(card(u"txtNotas"), u"Nuevo texto");
-    EXPECT_EQ(here.screen.pointer, 11);
-    here.screen.pointer = 0;
-  });
 }
 
 }  // namespace

@@ -5,8 +5,7 @@
 #include "cards/CardToRecord.h"
 #include "cards/Navigation.h"
 #include "cards/Saving.h"
-#include "tests/cardkit/OpenCard.h"
-#include "tests/cardkit/RecordingScreen.h"
+#include "tests/cardkit/FailingCard.h"
 
 namespace ovalia {
 namespace {
@@ -14,58 +13,20 @@ namespace {
 using kit::allKinds;
 using kit::RecordingScreen;
 
-// Saving and moving while something around the component fails.
-class SavingFailures : public kit::OpenCardTest {
+const Text goneBox = u"La ficha acaba de ser borrada por otro usuario y\r\nno se volverá a visualizar.";
+
+// Saving while something around the component fails.
+class SavingFailures : public kit::FailingCardTest {
  protected:
-  const Text typed = u"Nuevo texto";
-
-  std::vector<Variant> rowNow(int row) { return list->rows.at(static_cast<std::size_t>(row) - 1)->values; }
-
-  static bool same(const std::vector<Variant>& a, const std::vector<Variant>& b) {
-    return std::ranges::equal(a, b, [](const Variant& x, const Variant& y) {
-      return x.type() == y.type() && x.text() == y.text();
-    });
-  }
-
-  // Runs `statement` on a changed card over and over, failing with `number` at the first call of the
-  // surroundings, then at the second, and so on until one run meets no failure; `check` looks at what each
-  // failing run has left behind. Gives the number of failing runs.
   int failEachCallIn(TextView kind, std::int32_t number, const std::function<void()>& statement,
                      const std::function<void(const RecordingScreen&)>& check) {
-    for (int nth = 1;; ++nth) {
-      if (nth > 500) throw std::logic_error("the statement never comes to its end");
-      bool met = false;
-      openOn(kind, [&] {
-        change({{u"txtNotas", typed}});
-        RecordingScreen screen(here.faults, here.screen);
-        here.platform.screen = &screen;
-        here.faults.failNth("", nth, number);
-        statement();
-        met = here.faults.unmet().empty();
-        here.faults.heal();
-        SCOPED_TRACE("call " + std::to_string(nth) + " of " + toUtf8(kind) + " fails with " +
-                     std::to_string(number));
-        if (met) check(screen);
-        here.platform.screen = &here.screen;
-        here.files.appended.clear();
-      });
-      if (!met) return nth - 1;
-    }
-  }
-
-  // What was typed is in the row, or still on the card of a row that is as it was.
-  void expectNothingLost(const std::vector<Variant>& before) {
-    if (at(2, u"Notas").text() == typed) return;
-    EXPECT_TRUE(same(rowNow(2), before));
-    EXPECT_EQ(card(u"txtNotas"), typed);
-    EXPECT_EQ(state(), modificada);
-  }
-
-  std::vector<Text> reporters(const RecordingScreen& screen) {
-    std::vector<Text> names;
-    for (const Text& box : screen.boxes)
-      if (const Text name = RecordingScreen::reportedBy(box); !name.empty()) names.push_back(name);
-    return names;
+    return FailingCardTest::failEachCallIn(kind, number,
+                                           {.before =
+                                                [this] {
+                                                  change({{u"txtNotas", typed}});
+                                                },
+                                            .statement = statement,
+                                            .check = check});
   }
 };
 
@@ -197,66 +158,54 @@ TEST_F(SavingFailures, whatever_fails_around_the_question_what_was_typed_is_not_
   EXPECT_GT(runs, 10);
 }
 
-TEST_F(SavingFailures, whatever_fails_in_a_move_what_was_typed_is_not_lost) {
-  for (const auto move : {Primero, Siguiente, Anterior, Ultimo}) {
-    for (const std::int32_t number : {dao::failure::locked, dao::failure::cancelledByObject}) {
-      std::vector<Variant> before;
-      const int runs = failEachCallIn(
-          u"Nota", number,
-          [&] {
-            before = rowNow(2);
-            move(instance);
-          },
-          [&](const RecordingScreen&) {
-            expectNothingLost(before);
-            EXPECT_TRUE(host.events.empty());
-            if (state() == limpia && standsOn() == 502) {
-              EXPECT_EQ(card(u"txtNotas"), typed);
-            }
-          });
-      EXPECT_GT(runs, 20);
-    }
-  }
-}
+// After a row that is gone the screen's active form is asked to load its records again. A card cannot, and
+// that failure is the one that comes to the next trap.
 
-TEST_F(SavingFailures, the_host_is_asked_for_its_list_only_where_the_move_itself_meets_a_deleted_row) {
-  for (const auto move : {Primero, Siguiente, Anterior, Ultimo}) {
+TEST_F(SavingFailures, every_call_that_meets_a_deleted_row_reaches_the_next_trap_and_nothing_is_lost) {
+  for (const TextView kind : allKinds) {
     std::vector<Variant> before;
-    int asked = 0;
+    std::vector<Text> enclosing;
     failEachCallIn(
-        u"Nota", dao::failure::recordDeleted,
+        kind, dao::failure::recordDeleted,
         [&] {
           before = rowNow(2);
-          // A card on top has no list of records to read again: that failure goes through.
-          try {
-            move(instance);
-          } catch (const Failure& failed) {
-            EXPECT_EQ(failed.number(), failure::noSuchMember);
-          }
+          command(u"Fichas", u"ID_Guardar");
         },
-        [&](const RecordingScreen&) {
+        [&](const RecordingScreen& screen) {
+          const std::vector<Text> names = reporters(screen);
+          ASSERT_EQ(screen.boxes.size(), 2u);
+          ASSERT_EQ(names.size(), 1u);
+          EXPECT_EQ(screen.boxes[0], goneBox);
+          EXPECT_NE(screen.boxes[1].find(u"Número del error: 438"), Text::npos);
+          if (enclosing.empty() || enclosing.back() != names[0]) enclosing.push_back(names[0]);
           expectNothingLost(before);
-          asked += static_cast<int>(host.events.size());
+          EXPECT_TRUE(host.events.empty());
         });
-    // The step, and each look at the row's key.
-    EXPECT_EQ(asked, move == Primero ? 4 : 2);
+    // The stamp in the command; the write and its dates; the stamp, the title and the tools of the question.
+    EXPECT_EQ(enclosing.front(), u"dNota_Menu de CNota");
+    for (const TextView name : {u"AvisoCambio de CNota", u"GrabaRegistro de CNota", u"Guardar de CNota"})
+      EXPECT_NE(std::ranges::find(enclosing, name), enclosing.end()) << toUtf8(name);
+    for (const Text& name : enclosing)
+      EXPECT_TRUE(name == u"dNota_Menu de CNota" || name == u"AvisoCambio de CNota" ||
+                  name == u"GrabaRegistro de CNota" || name == u"Guardar de CNota")
+          << toUtf8(name);
   }
 }
 
-TEST_F(SavingFailures, a_failed_write_stops_a_move) {
-  for (const auto move : {Primero, Siguiente, Anterior, Ultimo}) {
-    openOn(u"Nota", [&] {
-      change({{u"txtNotas", typed}});
-      expectQuestion(u"¿Desea guardar los cambios realizados en la nota?", yes);
-      here.faults.failNext("Recordset.Update", dao::failure::locked);
-      expectReport(u"GrabaRegistro de CNota", dao::failure::locked);
-      move(instance);
-      EXPECT_EQ(standsOn(), 502);
-      EXPECT_EQ(state(), modificada);
-      EXPECT_EQ(card(u"txtNotas"), typed);
-      EXPECT_EQ(at(2, u"Notas").text(), u"Texto 2");
-    });
-  }
+TEST_F(SavingFailures, the_save_command_on_a_row_that_is_gone_ends_at_the_card_that_cannot_reload) {
+  openOn(u"Nota", [&] {
+    change({{u"txtNotas", typed}});
+    form().toolbars().tool(u"ID_Guardar")->setEnabled(true);
+    list->vanish(1);
+    expectBox(goneBox, 4144, u"Error");
+    expectReport(u"dNota_Menu de CNota", failure::noSuchMember);
+    user.clicks(u"ID_Guardar");
+    EXPECT_EQ(state(), modificada);
+    EXPECT_EQ(card(u"txtNotas"), typed);
+    EXPECT_EQ(crs().AbsolutePosition(), 1);
+    EXPECT_EQ(crs().updates, 0);
+    EXPECT_TRUE(here.screen.pointers.empty());
+  });
 }
 
 // Failures that the question treats itself.
@@ -349,8 +298,7 @@ TEST_F(SavingFailures, a_row_that_is_gone_tells_so_and_ends_the_question_at_the_
   openOn(u"Nota", [&] {
     change({{u"txtNotas", typed}});
     list->vanish(1);
-    expectBox(u"La ficha acaba de ser borrada por otro usuario y\r\nno se volverá a visualizar.", 4144,
-              u"Error");
+    expectBox(goneBox, 4144, u"Error");
     expectReport(u"AvisoCambio de CNota", failure::noSuchMember);
     EXPECT_FALSE(AvisoCambio(instance, u"NoPreguntar", u"Save"));
     EXPECT_EQ(state(), modificada);
