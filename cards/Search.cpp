@@ -56,14 +56,15 @@ ObjectRef searchFieldsOf(TextView form) {
   return fields;
 }
 
-// Whether the search may go on. A host's form that does not pass its own check is not asked about.
-bool hostAgrees(const ObjectRef& form) {
-  if (!form) return true;
-  const ObjectRef controller = objectAt(form, {u"vClase"});
-  const std::int32_t state = getMember(controller, u"cEstado").toLong();
+// Whether the search may go on. A host's form that does not pass its own check is not asked about. Each step
+// is of the form that is on top by then: the host may show another meanwhile.
+bool hostAgrees(Instance& nota) {
+  const auto onTop = [&] { return getMember(nota.nota.frmBase, u"ActiveForm").toObject(); };
+  if (!onTop()) return true;
+  const std::int32_t state = getMember(objectAt(onTop(), {u"vClase"}), u"cEstado").toLong();
   if (state != nueva && state != modificada) return true;
-  if (!callMember(form, u"ComprobarCambio").toBoolean()) return true;
-  return callMember(controller, u"AvisoCambio", {u"Preguntar"}).toBoolean();
+  if (!callMember(onTop(), u"ComprobarCambio").toBoolean()) return true;
+  return callMember(objectAt(onTop(), {u"vClase"}), u"AvisoCambio", {u"Preguntar"}).toBoolean();
 }
 
 constexpr std::int16_t toFirst = 1, toNext = 2, toPrevious = 3;
@@ -85,7 +86,7 @@ void find(Instance& nota, std::int16_t modo, TextView criterio) {
 
 void Buscar_Nota(Instance& nota) {
   procedure(u"Buscar_Nota de CNota", [&] {
-    if (!hostAgrees(getMember(nota.nota.frmBase, u"ActiveForm").toObject())) return;
+    if (!hostAgrees(nota)) return;
     const ObjectRef fields = searchFieldsOf(nota.card().Name());
     const ObjectRef dialog = Platform::current().objects->create(u"Mosken.CMosken");
     putMember(dialog, u"ErrLogPath", moduleValues().ErrLogPath);

@@ -1,23 +1,15 @@
 #include "cards/Search.h"
 
-#include <gtest/gtest.h>
-
 #include "routines/ModuleValues.h"
-#include "tests/cardkit/OpenCard.h"
+#include "tests/cards/Steps.h"
 
 namespace ovalia {
 namespace {
 
 using Table = std::vector<std::vector<Text>>;
 
-class Search : public kit::OpenCardTest {
+class Search : public kit::Searching {
  protected:
-  void SetUp() override {
-    OpenCardTest::SetUp();
-    dialog->giving(u"Mostrar", {});
-    here.objects.add(u"Mosken.CMosken", [this] { return dialog; });
-  }
-
   // The field table that the dialog was given.
   Table fieldTable() {
     const ObjectRef array = dialog->property(u"BuscarEn").toObject();
@@ -31,20 +23,6 @@ class Search : public kit::OpenCardTest {
     }
     return table;
   }
-
-  bool search(std::int16_t mode, TextView criterion) {
-    bool found = true;
-    CNota_BuscaElemento(instance, mode, criterion, found);
-    return found;
-  }
-
-  void expectOn(int row) {
-    EXPECT_EQ(standsOn(), 500 + row);
-    EXPECT_EQ(card(u"txtNotas"), u"Texto " + toText(row));
-    EXPECT_EQ(state(), limpia);
-  }
-
-  std::shared_ptr<kit::FakeObject> dialog = std::make_shared<kit::FakeObject>();
 };
 
 // The dialog.
@@ -111,6 +89,23 @@ TEST_F(Search, the_dialog_searches_through_the_card) {
   });
 }
 
+TEST_F(Search, the_dialog_is_let_go_when_it_has_closed) {
+  openOn(u"Nota", [&] {
+    std::weak_ptr<kit::FakeObject> made;
+    here.objects.add(u"Mosken.CMosken", [&] {
+      const auto fresh = std::make_shared<kit::FakeObject>();
+      fresh->answering(u"Mostrar", [&](Arguments) -> Variant {
+        EXPECT_FALSE(made.expired());
+        return {};
+      });
+      made = fresh;
+      return fresh;
+    });
+    Buscar_Nota(instance);
+    EXPECT_TRUE(made.expired());
+  });
+}
+
 TEST_F(Search, a_host_form_without_unsaved_work_is_not_asked) {
   openOn(u"Nota", [&] {
     for (const int state : {0, 3}) {
@@ -146,6 +141,21 @@ TEST_F(Search, unsaved_work_of_the_host_is_settled_first) {
   }
 }
 
+TEST_F(Search, the_form_that_is_on_top_after_the_check_is_the_one_that_settles_its_work) {
+  openOn(u"Nota", [&] {
+    host.vClase().with(u"cEstado", 2);
+    host.FichaInm->answering(u"ComprobarCambio", [&](Arguments) {
+      host.shows(host.FichaUsuario);
+      return Variant(true);
+    });
+    Buscar_Nota(instance);
+    EXPECT_EQ(host.calls(host.vClase(), u"AvisoCambio"), 1);
+    host.shows(host.FichaInm);
+    EXPECT_EQ(host.calls(host.vClase(), u"AvisoCambio"), 0);
+    EXPECT_EQ(host.calls(*dialog, u"Mostrar"), 1);
+  });
+}
+
 TEST_F(Search, without_a_host_form_nobody_is_asked) {
   openOn(u"Nota", [&] {
     host.shows(nullptr);
@@ -162,42 +172,6 @@ TEST_F(Search, unsaved_changes_of_the_card_are_not_asked_about) {
     EXPECT_EQ(state(), modificada);
     EXPECT_EQ(card(u"txtNotas"), u"Nuevo texto");
   });
-}
-
-TEST_F(Search, a_dialog_that_is_not_registered_is_reported) {
-  ObjectRegistry none;
-  openOn(u"Nota", [&] {
-    here.platform.objects = &none;
-    expectReport(u"Buscar_Nota de CNota", failure::classCannotBeCreated);
-    Buscar_Nota(instance);
-    here.platform.objects = &here.objects;
-  });
-}
-
-TEST_F(Search, a_dialog_that_fails_is_reported) {
-  for (const TextView member : {u"ErrLogPath", u"VentanaJefa", u"BuscarEn", u"Mostrar"}) {
-    dialog = std::make_shared<kit::FakeObject>();
-    dialog->giving(u"Mostrar", {}).failing(member, failure::noSuchMember);
-    openOn(u"Nota", [&] {
-      expectReport(u"Buscar_Nota de CNota", failure::noSuchMember);
-      Buscar_Nota(instance);
-    });
-  }
-}
-
-TEST_F(Search, a_host_form_without_a_controller_is_reported) {
-  openOn(u"Nota", [&] {
-    host.FichaInm->failing(u"vClase", failure::noSuchMember);
-    expectReport(u"Buscar_Nota de CNota", failure::noSuchMember);
-    Buscar_Nota(instance);
-    EXPECT_TRUE(dialog->journal.empty());
-  });
-}
-
-TEST_F(Search, without_a_card_the_dialog_is_not_opened) {
-  expectReport(u"Buscar_Nota de CNota", failure::objectNotSet);
-  Buscar_Nota(instance);
-  EXPECT_TRUE(dialog->journal.empty());
 }
 
 // A step.
@@ -250,13 +224,19 @@ TEST_F(Search, any_other_mode_searches_nothing_and_tells_of_the_last_search) {
   }
 }
 
-TEST_F(Search, the_tools_follow_a_step) {
-  openOn(u"Nota", [&] {
-    search(1, u"Notas = 'Texto 3'");
-    EXPECT_TRUE(enabled(u"ID_Primero"));
-    EXPECT_FALSE(enabled(u"ID_Siguiente"));
-    EXPECT_TRUE(enabled(u"ID_Buscar"));
-  });
+TEST_F(Search, after_a_step_the_tools_are_those_of_a_saved_card_at_its_place) {
+  for (const TextView criterion : {u"Notas = 'Texto 3'", u"Notas = 'Nada'"}) {
+    openOn(u"Nota", [&] {
+      for (const TextView tool : {u"ID_Imprimir", u"ID_Borrar", u"ID_Buscar"})
+        form().toolbars().tool(tool)->setEnabled(false);
+      form().toolbars().tool(u"ID_Guardar")->setEnabled(true);
+      const bool found = search(1, criterion);
+      for (const TextView tool : {u"ID_Imprimir", u"ID_Borrar", u"ID_Buscar"}) EXPECT_TRUE(enabled(tool));
+      EXPECT_FALSE(enabled(u"ID_Guardar"));
+      EXPECT_TRUE(enabled(u"ID_Primero"));
+      EXPECT_EQ(enabled(u"ID_Siguiente"), !found);
+    });
+  }
 }
 
 TEST_F(Search, unsaved_changes_are_filled_over) {
@@ -283,49 +263,6 @@ TEST_F(Search, an_empty_list_or_criterion_does_nothing) {
     EXPECT_TRUE(crs().criteria.empty());
     EXPECT_TRUE(here.screen.pointers.empty());
   });
-}
-
-TEST_F(Search, a_failing_step_is_reported_as_not_found_and_leaves_the_hourglass) {
-  openOn(u"Nota", [&] {
-    change({{u"txtNotas", u"Nuevo texto"}});
-    here.faults.failNext("Recordset.Find", dao::failure::criterionSyntax);
-    expectReport(u"CNota_BuscaElemento de CNota", dao::failure::criterionSyntax);
-    EXPECT_FALSE(search(1, u"Notas Like"));
-    EXPECT_EQ(here.screen.pointer, 11);
-    EXPECT_EQ(card(u"txtNotas"), u"Nuevo texto");
-    EXPECT_EQ(state(), modificada);
-    here.screen.pointer = 0;
-  });
-}
-
-TEST_F(Search, a_failure_after_a_match_counts_as_not_found) {
-  openOn(u"Nota", [&] {
-    here.faults.failNth("Screen.setMousePointer", 2, failure::internalError);
-    expectReport(u"CNota_BuscaElemento de CNota", failure::internalError);
-    EXPECT_FALSE(search(1, u"Notas = 'Texto 3'"));
-    expectOn(3);
-    here.screen.pointer = 0;
-  });
-}
-
-TEST_F(Search, a_failing_way_back_is_reported) {
-  struct {
-    std::string_view operation;
-    int nth;
-  } const cases[] = {{"Recordset.MoveFirst", 1}, {"Recordset.Find", 2}};
-  for (const auto& expected : cases) {
-    openOn(u"Nota", [&] {
-      here.faults.failNth(expected.operation, expected.nth, dao::failure::locked);
-      expectReport(u"CNota_BuscaElemento de CNota", dao::failure::locked);
-      EXPECT_FALSE(search(1, u"Notas = 'Nada'"));
-      here.screen.pointer = 0;
-    });
-  }
-}
-
-TEST_F(Search, without_a_list_a_step_is_reported) {
-  expectReport(u"CNota_BuscaElemento de CNota", failure::objectNotSet);
-  EXPECT_FALSE(search(1, u"Id = 120"));
 }
 
 }  // namespace
