@@ -125,10 +125,16 @@ void CardForm::onDragDrop(Control& control, const ObjectRef& data) {
 }
 
 bool CardForm::BuscarElemento(std::int16_t modo, TextView criterio) {
-  return procedure(design().searchName, false, [&](bool& found) {
-    Text criterion(criterio);
-    BuscaElemento(modo, criterion, found);
-  });
+  return procedureHandling(
+      design().searchName, false,
+      [&](bool& found) {
+        Text criterion(criterio);
+        BuscaElemento(modo, criterion, found);
+      },
+      [](const Failure&, bool& found) {
+        found = false;
+        return false;
+      });
 }
 
 void CardForm::Form_Resize() {

@@ -28,6 +28,7 @@ class CardForm : public Form {
   // Never below the minimum size.
   void Form_Resize();
 
+  // Raises BuscaElemento; whether it found. A search that fails is reported and has found nothing.
   bool BuscarElemento(std::int16_t modo, TextView criterio);
 
   // Set by whoever fills the card from a record or blanks it, cleared at the end: rules between controls are

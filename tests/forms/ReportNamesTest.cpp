@@ -75,14 +75,14 @@ TEST_F(ReportNames, of_a_search_that_fails_and_finds_nothing) {
   }
 }
 
-TEST_F(ReportNames, of_a_search_that_fails_after_it_found_keep_the_find) {
+TEST_F(ReportNames, of_a_search_that_fails_after_it_found_take_the_find_back) {
   const auto card = made(frmNota());
   card->BuscaElemento.connect([](std::int16_t&, Text&, bool& found) {
     found = true;
     throw Failure(failure::objectNotSet);
   });
   expectReport(u"BuscarElemento de frmNota", failure::objectNotSet);
-  EXPECT_TRUE(card->BuscarElemento(1, u"Id = 1"));
+  EXPECT_FALSE(card->BuscarElemento(1, u"Id = 1"));
 }
 
 TEST_F(ReportNames, of_a_cancel_that_fails) {
