@@ -17,10 +17,6 @@ constexpr auto tools = std::to_array<ToolDesign>({
     {u"ID_Imprimir", u"Archivo", u"Im&primir", u"", nota | anuncio},
     {u"ID_Imprimir", u"Archivo", u"&Imprimir", u"", visita | llamada},
     {u"ID_Salir", u"Archivo", u"&Salir", u"", allCards},
-    {u"ID_Impresora", u"Archivo", u"Impresora", u"", allCards},
-    {u"ID_DocumentosInexistentes", u"Archivo", u"Documentos Inexistentes", u"", allCards},
-    {u"ID_DocumentossinrelacionconExpedientes", u"Archivo", u"Documentos sin relación con Expedientes", u"",
-     allCards},
 
     {u"ID_mnuFichas", u"Fichas", u"&Fichas", u"", allCards},
     {u"ID_Aniadir", u"Fichas", u"&Nueva Nota", u"", allCards},
@@ -28,7 +24,6 @@ constexpr auto tools = std::to_array<ToolDesign>({
     {u"ID_Borrar", u"Fichas", u"&Borrar", u"", allCards},
     {u"ID_DeshacerCambios", u"Fichas", u"&Deshacer Cambios", u"", allCards},
     {u"ID_Buscar", u"Fichas", u"B&uscar", u"", allCards},
-    {u"ID_Seleccionar", u"Fichas", u"Seleccionar", u"", allCards},
 
     {u"ID_mnuVer", u"Ver", u"&Ver", u"", allCards},
     {u"ID_Primero", u"Navegacion", u"Primero", u"Primera Ficha", allCards},

@@ -148,6 +148,23 @@ TEST_F(Toolbars, tools_have_their_group_caption_and_tip) {
   }
 }
 
+TEST_F(Toolbars, a_form_has_these_tools_and_no_others) {
+  const std::pair<const FormDesign&, Names> own[] = {
+      {frmNota(), {u"ID_ExportarNotas", u"ID_ImportarCorreos", u"ID_Imprimir"}},
+      {frmVisita(), {u"ID_ExportarVisita", u"ID_ImportarCorreos", u"ID_Imprimir"}},
+      {frmAnuncio(), {u"ID_Imprimir"}},
+      {frmLlamada(), {u"ID_Imprimir"}}};
+  for (const auto& [design, others] : own) {
+    Names expected = others, ids;
+    for (const ToolExpected& row : tools) expected.emplace_back(row.id);
+    const auto card = made(design);
+    for (const auto& tool : card->toolbars().tools()) ids.push_back(tool->id);
+    std::ranges::sort(expected);
+    std::ranges::sort(ids);
+    EXPECT_EQ(ids, expected) << toUtf8(design.name);
+  }
+}
+
 TEST_F(Toolbars, some_captions_differ_from_form_to_form) {
   const auto captionOn = [&](const FormDesign& design, TextView id) {
     return made(design)->toolbars().tool(id)->caption;
