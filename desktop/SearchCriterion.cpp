@@ -37,6 +37,9 @@ Text patternOf(TextView wanted, bool anyAccents) {
   return pattern;
 }
 
+// The first moment of a moment's day. Before day zero too the time of day counts forward.
+double dayOf(Date moment) { return std::trunc(moment.days); }
+
 // Four digits of the year leave no doubt about the century.
 Text literal(double day) { return join(u"#", formatDate(Date{day}, u"mm/dd/yyyy", Regional()), u"#"); }
 
@@ -50,14 +53,14 @@ Text textCriterion(TextView field, TextView wanted, bool wholeField, bool anyAcc
 }
 
 Text dateCriterion(TextView field, std::optional<Date> from, std::optional<Date> to) {
-  if (from && to && from->days > to->days) std::swap(from, to);
+  if (from && to && dayOf(*from) > dayOf(*to)) std::swap(from, to);
   Text criterion;
   const auto demand = [&](const Text& condition) {
     criterion += join(criterion.empty() ? u"" : u" And ", u"[", field, u"] ", condition);
   };
-  if (from) demand(u">= " + literal(std::floor(from->days)));
+  if (from) demand(u">= " + literal(dayOf(*from)));
   if (to) {
-    const double end = std::floor(to->days) + 1;
+    const double end = dayOf(*to) + 1;
     demand(end <= lastDay ? u"< " + literal(end) : u"Is Not Null");
   }
   return criterion;

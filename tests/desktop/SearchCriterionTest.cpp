@@ -70,6 +70,11 @@ TEST_F(Criterion, a_day_is_wholly_in_and_the_next_midnight_out) {
             "[FechaAlta] >= #03/07/2005# And [FechaAlta] < #03/08/2005#");
 }
 
+TEST_F(Criterion, a_day_before_day_zero_is_wholly_in_too) {
+  EXPECT_EQ(days(day(1899, 12, 28, 18), day(1899, 12, 28, 9)),
+            "[FechaAlta] >= #12/28/1899# And [FechaAlta] < #12/29/1899#");
+}
+
 TEST_F(Criterion, a_range_may_be_open_at_either_end) {
   EXPECT_EQ(days(day(2005, 3, 7), {}), "[FechaAlta] >= #03/07/2005#");
   EXPECT_EQ(days({}, day(2005, 12, 31)), "[FechaAlta] < #01/01/2006#");
