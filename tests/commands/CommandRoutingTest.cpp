@@ -115,49 +115,38 @@ TEST_F(CommandRouting, a_cancelled_printer_dialog_is_reported) {
   });
 }
 
-TEST_F(CommandRouting, leaving_hides_the_card_and_stores_its_place) {
-  for (const TextView kind : allKinds) {
-    openOn(kind, [&] {
-      user.clicks(u"ID_Salir");
-      EXPECT_FALSE(form().Visible());
-      EXPECT_TRUE(form().loaded());
-      EXPECT_TRUE(here.settings.stored(u"Agencia", form().Name(), u"DocsWidth"));
-    });
+TEST_F(CommandRouting, without_a_main_form_there_is_no_printer_dialog) {
+  openOn(u"Nota", [&] {
+    const auto held = std::exchange(nota.frmBase, nullptr);
+    expectReport(u"dNota_Menu de CNota", failure::objectNotSet);
+    command(u"Archivo", u"ID_Impresora");
+    nota.frmBase = held;
+  });
+}
+
+TEST_F(CommandRouting, what_needs_the_screens_form_is_reported_without_one) {
+  openOn(u"Nota", [&] {
+    here.screen.activeFormOf = [] { return ObjectRef(); };
+    const std::pair<TextView, TextView> commands[] = {{u"Archivo", u"ID_Salir"},
+                                                      {u"Documentos", u"ID_CrearModelo"},
+                                                      {u"ListView", u"ID_IconosGrandes"},
+                                                      {u"ListView", u"ID_IconosPequenios"},
+                                                      {u"ListView", u"ID_Lista"}};
+    for (const auto& [group, id] : commands) {
+      expectReport(u"dNota_Menu de CNota", failure::objectNotSet);
+      command(group, id);
+      EXPECT_TRUE(form().Visible());
+    }
+  });
+}
+
+TEST_F(CommandRouting, what_needs_a_card_is_reported_without_one) {
+  const std::pair<TextView, TextView> commands[] = {{u"Documentos", u"ID_Quitar"},
+                                                    {u"ListView", u"ID_mnuLsv"}};
+  for (const auto& [group, id] : commands) {
+    expectReport(u"dNota_Menu de CNota", failure::objectNotSet);
+    dNota_Menu(instance, group, id);
   }
-}
-
-TEST_F(CommandRouting, leaving_asks_about_changes_and_stays_when_the_user_cancels) {
-  openOn(u"Nota", [&] {
-    change({{u"txtNotas", u"Nuevo texto"}});
-    expectQuestion(u"¿Desea guardar los cambios realizados en la nota?", cancel);
-    user.clicks(u"ID_Salir");
-    EXPECT_TRUE(form().Visible());
-    EXPECT_EQ(state(), modificada);
-    expectQuestion(u"¿Desea guardar los cambios realizados en la nota?", no);
-    user.clicks(u"ID_Salir");
-    EXPECT_FALSE(form().Visible());
-  });
-}
-
-TEST_F(CommandRouting, leaving_does_not_touch_the_state_of_a_half_filled_card) {
-  openOn(u"Nota", [&] {
-    instance.EstadoFicha = cargando;
-    command(u"Archivo", u"ID_Salir");
-    EXPECT_FALSE(form().Visible());
-    EXPECT_EQ(state(), cargando);
-  });
-}
-
-TEST_F(CommandRouting, leaving_never_hides_the_hosts_form) {
-  openOn(u"Nota", [&] {
-    host.FichaInm->giving(u"Hide", {});
-    form().userAction([&] {
-      form().Hide();
-      dNota_Menu(instance, u"Archivo", u"ID_Salir");
-    });
-    EXPECT_EQ(host.calls(*host.FichaInm, u"Hide"), 0);
-    EXPECT_FALSE(form().Visible());
-  });
 }
 
 // "Fichas", "Ver", "Ayuda".
@@ -327,6 +316,40 @@ TEST_F(CommandRouting, the_lists_own_menu_refreshes_pasting_alone) {
       }
     });
   }
+}
+
+TEST_F(CommandRouting, a_clipboard_that_fails_leaves_pasting_as_it_was) {
+  openOn(u"Nota", [&] {
+    for (const bool before : {true, false}) {
+      form().toolbars().tool(u"ID_Pegar")->setEnabled(before);
+      here.faults.failNext("Clipboard.has", failure::internalError);
+      expectReport(u"dNota_Menu de CNota", failure::internalError);
+      command(u"ListView", u"ID_mnuLsv");
+      EXPECT_EQ(enabled(u"ID_Pegar"), before);
+    }
+  });
+}
+
+TEST_F(CommandRouting, a_right_click_beside_the_items_refreshes_pasting_before_its_menu_shows) {
+  openOn(u"Nota", [&] {
+    here.clipboard.holdsFiles = true;
+    form().toolbars().tool(u"ID_Pegar")->setEnabled(false);
+    user.rightClicksItem(0);
+    EXPECT_TRUE(enabled(u"ID_Pegar"));
+    ASSERT_EQ(desk.popups.size(), 1u);
+    EXPECT_EQ(desk.popups[0].menu, u"ID_mnuLsv");
+  });
+}
+
+TEST_F(CommandRouting, a_right_click_on_an_item_enables_what_can_be_done_with_it) {
+  openOn(u"Nota", [&] {
+    attachments().Add({u"120F00.doc", u"Contrato.doc", u"doc"});
+    form().toolbars().tool(u"ID_Abrir")->setEnabled(false);
+    user.rightClicksItem(1);
+    EXPECT_TRUE(enabled(u"ID_Abrir"));
+    ASSERT_EQ(desk.popups.size(), 1u);
+    EXPECT_EQ(desk.popups[0].menu, u"ID_mnuLsvEnDoc");
+  });
 }
 
 }  // namespace

@@ -80,6 +80,15 @@ TEST_F(ToolState, without_saved_data_every_record_tool_is_disabled) {
   }
 }
 
+TEST_F(ToolState, the_record_tools_are_set_in_their_order) {
+  openOn(u"Nota", [&] {
+    setAll(true);
+    desk.tools.clear();
+    DatosGuardados(instance, false);
+    EXPECT_EQ(desk.tools, recordTools);
+  });
+}
+
 TEST_F(ToolState, while_creation_is_forbidden_the_new_annotation_tool_keeps_its_state) {
   openOn(u"Nota", [&] {
     nota.bPermitirCreacion = false;
@@ -244,6 +253,22 @@ TEST_F(ToolState, without_a_list_the_place_is_reported_after_the_other_two_steps
     EXPECT_EQ(changedFrom(false), sorted(recordTools));
     nota.crs = held;
   });
+}
+
+TEST_F(ToolState, a_place_that_cannot_be_told_leaves_the_moves_as_the_action_set_them) {
+  for (const char* operation : {"Recordset.AbsolutePosition", "Recordset.RecordCount"}) {
+    for (const TextView action : {u"Guardar", u"Nada", u""}) {
+      listOf(u"Nota", 1);
+      open(1, [&] {
+        setAll(true);
+        here.faults.failNext(operation, dao::failure::locked);
+        expectReport(u"CambiarMenu de CNota", dao::failure::locked);
+        CambiarMenu(instance, action, modificada, u"");
+        EXPECT_EQ(enabledMoves(), action == u"Nada" ? Ids{} : moveTools) << operation;
+        for (const Text& id : savingTools) EXPECT_TRUE(enabled(id));
+      });
+    }
+  }
 }
 
 TEST_F(ToolState, the_last_argument_is_not_read) {
