@@ -16,130 +16,6 @@ using NewAnnotation = kit::NewRows;
 const Text notFound = u"Por favor, guarde los cambios antes de generar una nueva anotación.";
 const Text noneInserted = u"Error en nueva nota.";
 
-const Text moment = u"#03/09/26 10:20:30#";
-
-TEST_F(NewAnnotation, the_statement_has_the_columns_that_the_list_shows) {
-  struct Row {
-    TextView tipo;
-    std::vector<Text> without;
-    Text statement;
-  };
-  const std::vector<Row> rows = {
-      {u"Nota",
-       {},
-       u"INSERT INTO NotaIP (IdInm, IdAgencia, NAgencia, IdUsuario, FechaAlta) VALUES (120,1,4,3," + moment +
-           u")"},
-      {u"Visita",
-       {},
-       u"INSERT INTO VisitaIP (IdInm, IdAgencia, NAgencia, IdComercial, IdUsuario, FechaAlta) VALUES "
-       u"(120,1,4,3,3," +
-           moment + u")"},
-      {u"Anuncio",
-       {},
-       u"INSERT INTO AnuncioIP (IdInm, IdAgencia, NAgencia, IdUsuario, FechaAlta) VALUES (120,1,4,3," +
-           moment + u")"},
-      {u"Visita",
-       {u"IdAgencia"},
-       u"INSERT INTO VisitaIP (IdInm, NAgencia, IdComercial, IdUsuario, FechaAlta) VALUES (120,4,3,3," +
-           moment + u")"},
-      {u"Visita",
-       {u"NAgencia"},
-       u"INSERT INTO VisitaIP (IdInm, IdAgencia, IdComercial, IdUsuario, FechaAlta) VALUES (120,1,3,3," +
-           moment + u")"},
-      {u"Nota",
-       {u"IdAgencia", u"NAgencia"},
-       u"INSERT INTO NotaIP (IdInm, IdUsuario, FechaAlta) VALUES (120,3," + moment + u")"},
-      {u"Llamada",
-       {},
-       u"INSERT INTO LlamadaAIP (IdAnuncio, IdUsuario, FechaAlta) VALUES (77,3," + moment + u")"},
-  };
-  for (const Row& row : rows) {
-    givenNewRows(row.tipo, row.without);
-    database->executed.clear();
-    create(true, [&] { EXPECT_EQ(database->executed, std::vector<Text>{row.statement}); });
-  }
-}
-
-TEST_F(NewAnnotation, a_query_without_the_salesperson_leaves_the_column_out_even_if_the_table_has_it) {
-  givenNewRows(u"Visita");
-  auto columns = kit::listColumns(u"Visita");
-  std::erase_if(columns, [](const kit::FakeColumn& column) { return column.name == u"IdComercial"; });
-  const auto narrow = std::make_shared<kit::FakeTable>(kit::FakeTable{columns, {}});
-  openCard([&] {
-    nota.crs = std::make_shared<kit::FakeRecordset>(narrow, database, here.faults);
-    expectBox(notFound, 64);
-    EXPECT_FALSE(Nuevo(instance));
-    EXPECT_EQ(database->executed.at(0),
-              u"INSERT INTO VisitaIP (IdInm, IdAgencia, NAgencia, IdUsuario, FechaAlta) VALUES (120,1,4,3," +
-                  moment + u")");
-  });
-}
-
-TEST_F(NewAnnotation, a_preset_key_goes_into_the_first_column_of_the_list) {
-  nota.IdAnota = 4711;
-  for (const TextView tipo : {u"Nota", u"Visita", u"Anuncio"}) {
-    givenNewRows(tipo);
-    database->executed.clear();
-    create(true, [&] {
-      const Text statement = database->executed.at(0);
-      EXPECT_NE(statement.find(u" (IdInm, Id" + Text(tipo) + u", IdAgencia,"), Text::npos)
-          << toUtf8(statement);
-      EXPECT_NE(statement.find(u"VALUES (120,4711,1,4,"), Text::npos) << toUtf8(statement);
-    });
-  }
-}
-
-TEST_F(NewAnnotation, only_a_key_above_zero_is_preset) {
-  for (const std::int32_t key : {0, -1}) {
-    nota.IdAnota = key;
-    givenNewRows(u"Nota");
-    database->executed.clear();
-    create(true, [&] {
-      EXPECT_TRUE(database->executed.at(0).starts_with(u"INSERT INTO NotaIP (IdInm, IdAgencia,")) << key;
-    });
-  }
-}
-
-TEST_F(NewAnnotation, a_call_takes_neither_a_preset_key_nor_the_parents_column) {
-  nota.IdAnota = 4711;
-  givenNewRows(u"Llamada");
-  nota.IdPr = u"IdInm";
-  create(true, [&] {
-    EXPECT_EQ(database->executed.at(0),
-              u"INSERT INTO LlamadaAIP (IdAnuncio, IdUsuario, FechaAlta) VALUES (77,3," + moment + u")");
-  });
-}
-
-TEST_F(NewAnnotation, the_row_is_recognised_by_parent_user_and_the_same_moment) {
-  for (const TextView tipo : {u"Nota", u"Visita", u"Anuncio", u"Llamada"}) {
-    const Text parent = tipo == u"Llamada" ? u"IdAnuncio = 77" : u"Id = 120";
-    givenNewRows(tipo);
-    nota.IdPr = u"IdPrincipal";  // whatever the table calls it
-    create(true, [&] {
-      EXPECT_EQ(criteria(), std::vector<Text>{parent + u" AND IdUsuario = 3 AND FechaAlta = " + moment});
-    });
-  }
-}
-
-TEST_F(NewAnnotation, the_moment_is_one_even_when_the_clock_goes_on) {
-  givenNewRows(u"Nota");
-  here.faults.onNext("Database.Execute", [&] { here.clock.time.second = 31; });
-  create(true, [&] {
-    EXPECT_NE(database->executed.at(0).find(moment), Text::npos);
-    EXPECT_NE(criteria().at(0).find(moment), Text::npos);
-  });
-}
-
-TEST_F(NewAnnotation, the_users_name_is_quoted) {
-  database->tableNamed(u"Usuario")->add({44, u"Sonia O'Dea"});
-  nota.cUsuario = u"Sonia O'Dea";
-  givenNewRows(u"Nota");
-  create(true, [&] {
-    EXPECT_NE(database->executed.at(0).find(u",44,#"), Text::npos);
-    EXPECT_NE(criteria().at(0).find(u"IdUsuario = 44"), Text::npos);
-  });
-}
-
 TEST_F(NewAnnotation, the_card_comes_up_blank_on_the_new_row) {
   givenNewRows(u"Nota");
   create(true, [&] {
@@ -180,22 +56,6 @@ TEST_F(NewAnnotation, the_card_is_in_the_state_of_filling_while_it_is_blanked) {
     EXPECT_EQ(states, std::vector<std::int32_t>(states.size(), cargando));
     putAway();
   });
-}
-
-TEST_F(NewAnnotation, a_host_opens_the_card_by_creating) {
-  givenNewRows(u"Visita");
-  bool shown = false;
-  desk.whileShown([&] {
-    shown = true;
-    EXPECT_EQ(state(), nueva);
-    EXPECT_FALSE(form().KeyPreview());
-    EXPECT_EQ(control(u"cboUsuario").get(u"ListCount").toLong(), 3);
-    EXPECT_EQ(card(u"cboTiempoAviso"), u"15 minutos");
-    putAway();
-  });
-  CreaNota(instance);
-  EXPECT_TRUE(shown);
-  EXPECT_EQ(host.events, (std::vector<Text>{u"CargaRegistros(Visita, VisitaIP)", u"CompletarNueva(Visita)"}));
 }
 
 TEST_F(NewAnnotation, the_host_form_on_top_is_remembered) {
@@ -289,6 +149,40 @@ TEST_F(NewAnnotation, a_host_that_does_not_reload_leaves_the_card_on_its_row_and
   });
 }
 
+TEST_F(NewAnnotation, a_host_that_reloads_without_the_new_row_leaves_the_list_on_another_row_than_the_card) {
+  givenList(u"Nota", {{{u"Notas", u"Texto 1"}}, {{u"Notas", u"Texto 2"}}});
+  standOn(2);
+  recognise(nota.crs);
+  openCard([&] {
+    expectBox(notFound, 64);
+    EXPECT_FALSE(Nuevo(instance));
+    EXPECT_EQ(state(), limpia);
+    EXPECT_EQ(card(u"txtNotas"), u"Texto 2");
+    EXPECT_EQ(nota.crs->AbsolutePosition(), 0);
+    user.types(u"txtNotas", u"Texto 2 y más");
+    Guardar(instance, u"NoPreguntar");
+    EXPECT_EQ(stored(u"Notas", 1).text(), u"Texto 2 y más") << "nothing guards the other row";
+    EXPECT_EQ(stored(u"Notas", 2).text(), u"Texto 2");
+  });
+}
+
+TEST_F(NewAnnotation, a_row_that_is_not_found_leaves_the_state_as_it_was) {
+  host.answers.ChkListadoMx = [](bool& ok, ObjectRef, const Text&, const Text&) { ok = false; };
+  for (const std::int32_t before : {limpia, nueva, modificada, cargando}) {
+    givenNewRows(u"Nota");
+    host.answers.CargaRegistros = [](Text&, Text&) {};
+    openCard([&] {
+      user.enters(u"txtCategorias");  // which fails its check, so that nothing is asked
+      instance.EstadoFicha = before;
+      expectBox(notFound, 64);
+      EXPECT_FALSE(Nuevo(instance));
+      EXPECT_EQ(state(), before);
+      EXPECT_TRUE(rowInserted());
+      putAway();
+    });
+  }
+}
+
 TEST_F(NewAnnotation, a_row_that_was_refused_is_told_and_searched_all_the_same) {
   givenNewRows(u"Nota");
   database->onExecute = [](TextView) { return 0; };
@@ -303,18 +197,6 @@ TEST_F(NewAnnotation, a_count_of_none_does_not_matter_when_the_row_is_found) {
   database->onExecute = [=](TextView sql) { return insert(sql), 0; };
   expectBox(noneInserted, 16);
   create(true, [&] { EXPECT_EQ(state(), nueva); });
-}
-
-TEST_F(NewAnnotation, a_message_that_cannot_be_shown_is_reported_and_the_search_goes_on) {
-  givenNewRows(u"Nota");
-  const auto insert = database->onExecute;
-  database->onExecute = [=](TextView sql) { return insert(sql), 0; };
-  openCard([&] {
-    here.faults.failNext("Screen.messageBox", failure::outOfMemory);
-    expectReport(u"MostrarMensaje() de RutinasErr", failure::outOfMemory);
-    EXPECT_TRUE(Nuevo(instance));
-    putAway();
-  });
 }
 
 TEST_F(NewAnnotation, of_two_rows_alike_the_first_is_taken) {
@@ -406,17 +288,6 @@ TEST_F(NewAnnotation, a_card_that_is_being_filled_is_not_asked_about) {
   });
 }
 
-TEST_F(NewAnnotation, an_unknown_user_is_reported_and_nothing_is_inserted) {
-  givenNewRows(u"Nota");
-  nota.cUsuario = u"Nadie";
-  openCard([&] {
-    expectReport(u"Nuevo de CNota", dao::failure::noCurrentRecord);
-    EXPECT_FALSE(Nuevo(instance));
-    EXPECT_TRUE(database->executed.empty());
-    EXPECT_EQ(state(), limpia);
-  });
-}
-
 TEST_F(NewAnnotation, the_database_is_asked_for_what_a_creation_needs_and_each_once) {
   givenNewRows(u"Nota");
   openCard([&] {
@@ -431,26 +302,6 @@ TEST_F(NewAnnotation, the_database_is_asked_for_what_a_creation_needs_and_each_o
       EXPECT_EQ(here.faults.visits(once[i]) - before[i], 1) << once[i];
     EXPECT_EQ(here.faults.visits("") - all, int(std::size(once)));
     putAway();
-  });
-}
-
-TEST_F(NewAnnotation, without_a_controller_a_call_is_not_made_either) {
-  givenNewRows(u"Llamada");
-  openCard([&] {
-    host.FichaInm->failing(u"vClase", failure::noSuchMember);
-    expectReport(u"Nuevo de CNota", failure::noSuchMember);
-    EXPECT_FALSE(Nuevo(instance));
-    EXPECT_TRUE(database->executed.empty());
-  });
-}
-
-TEST_F(NewAnnotation, a_call_without_an_advertisement_on_the_hosts_form_is_reported) {
-  givenNewRows(u"Llamada");
-  openCard([&] {
-    host.FichaInm->failing(u"datAnuncio", failure::noSuchMember);
-    expectReport(u"Nuevo de CNota", failure::noSuchMember);
-    EXPECT_FALSE(Nuevo(instance));
-    EXPECT_TRUE(database->executed.empty());
   });
 }
 
