@@ -160,6 +160,24 @@ TEST_F(CardToRecord, unticked_boxes_are_written_as_false) {
   });
 }
 
+TEST_F(CardToRecord, the_form_decides_which_fields_are_written_and_the_kind_whether_parent_and_agency_are) {
+  listOf(u"Nota");
+  at(2, u"Id") = at(2, u"IdAgencia") = Null;
+  open(2, [&] {
+    nota.Tipo = u"Llamada";
+    write({{u"txtAsunto", u"Otro"}});
+    EXPECT_EQ(written(u"Asunto").text(), u"Otro");
+    EXPECT_TRUE(written(u"Id").isNull());
+    EXPECT_TRUE(written(u"IdAgencia").isNull());
+    nota.Tipo = u"Visita";
+    change({{u"txtAsunto", u"Otro más"}});
+    EXPECT_TRUE(GrabaRegistro(instance));
+    EXPECT_EQ(written(u"Asunto").text(), u"Otro más");
+    EXPECT_EQ(written(u"Id").toLong(), 777);
+    EXPECT_EQ(written(u"IdAgencia").toLong(), 1);
+  });
+}
+
 // The parent and the agency.
 
 TEST_F(CardToRecord, the_parent_is_written_by_the_first_save_alone) {
@@ -258,6 +276,36 @@ TEST_F(CardToRecord, a_host_without_an_active_form_keeps_a_row_without_parent_fr
     expectReport(u"GrabaRegistro de CNota", failure::objectNotSet);
     EXPECT_FALSE(GrabaRegistro(instance));
     EXPECT_TRUE(written(u"Id").isNull());
+  });
+}
+
+TEST_F(CardToRecord, a_host_without_a_controller_or_a_number_keeps_a_row_without_parent_from_being_written) {
+  for (const bool controller : {true, false}) {
+    listOf(u"Nota");
+    at(2, u"Id") = 0;
+    open(2, [&] {
+      change({{u"txtNotas", u"Nuevo texto"}});
+      if (controller)
+        host.vClase().failing(u"IdRegistro", failure::noSuchMember);
+      else
+        host.FichaInm->failing(u"vClase", failure::noSuchMember);
+      expectReport(u"GrabaRegistro de CNota", failure::noSuchMember);
+      EXPECT_FALSE(GrabaRegistro(instance));
+      EXPECT_TRUE(crs().editing());
+      EXPECT_EQ(written(u"Notas").text(), u"Texto 2");
+      EXPECT_EQ(written(u"Id").toLong(), 0);
+    });
+  }
+}
+
+TEST_F(CardToRecord, a_list_without_the_parents_column_is_reported_and_nothing_is_written) {
+  listOf(u"Anuncio", 3, {u"Id"});
+  expectReport(u"RefrescoCaption de CNota", dao::failure::notInCollection);
+  open(2, [&] {
+    change({{u"txtNotas", u"Nuevo texto"}});
+    expectReport(u"GrabaRegistro de CNota", dao::failure::notInCollection);
+    EXPECT_FALSE(GrabaRegistro(instance));
+    EXPECT_EQ(written(u"Notas").text(), u"Texto 2");
   });
 }
 

@@ -169,6 +169,26 @@ TEST_F(Saving, a_value_that_is_refused_keeps_the_card_from_being_written) {
   });
 }
 
+TEST_F(Saving, every_command_that_would_leave_the_card_offers_an_unknown_access_type_to_the_host_and_stops) {
+  struct {
+    TextView group, id;
+  } const commands[] = {{u"Fichas", u"ID_Guardar"},       {u"Archivo", u"ID_Salir"},
+                        {u"Navegacion", u"ID_Primero"},   {u"Navegacion", u"ID_Anterior"},
+                        {u"Navegacion", u"ID_Siguiente"}, {u"Navegacion", u"ID_Ultimo"}};
+  for (const auto& chosen : commands) {
+    openOn(u"Nota", [&] {
+      ASSERT_TRUE(user.enters(u"cboAcceso"));
+      change({{u"cboAcceso", u"Carta"}});
+      command(chosen.group, chosen.id);
+      EXPECT_EQ(host.events, std::vector<Text>{u"ChkTipoAccNota(Carta)"}) << toUtf8(chosen.id);
+      EXPECT_TRUE(form().Visible());
+      EXPECT_EQ(standsOn(), 502);
+      EXPECT_EQ(crs().updates, 0);
+      EXPECT_EQ(state(), modificada);
+    });
+  }
+}
+
 TEST_F(Saving, asked_to_ask_the_command_asks) {
   openOn(u"Nota", [&] {
     change({{u"txtNotas", u"Nuevo texto"}});
@@ -177,6 +197,59 @@ TEST_F(Saving, asked_to_ask_the_command_asks) {
     EXPECT_EQ(crs().updates, 0);
     EXPECT_EQ(instance.EstadoFicha, modificada);
   });
+}
+
+TEST_F(Saving, asked_to_ask_and_answered_no_the_control_goes_on_being_tracked) {
+  openOn(u"Nota", [&] {
+    change({{u"txtNotas", u"Nuevo texto"}});
+    control(u"txtNotas").Tag = HacerNada;
+    expectQuestion(u"¿Desea guardar los cambios realizados en la nota?", no);
+    Guardar(instance, u"Preguntar");
+    EXPECT_EQ(crs().updates, 0);
+    EXPECT_EQ(instance.EstadoFicha, limpia);
+    EXPECT_EQ(tag(u"txtNotas"), HacerAlgo);
+  });
+}
+
+TEST_F(Saving, a_save_that_does_not_come_to_pass_leaves_the_tracking) {
+  openOn(u"Nota", [&] {
+    change({{u"txtNotas", u"Nuevo texto"}});
+    control(u"txtNotas").Tag = HacerNada;
+    expectQuestion(u"¿Desea guardar los cambios realizados en la nota?", cancel);
+    Guardar(instance, u"Preguntar");
+    EXPECT_EQ(tag(u"txtNotas"), HacerNada);
+  });
+}
+
+TEST_F(Saving, the_control_with_the_focus_is_checked_and_no_other) {
+  openOn(u"Visita", [&] {
+    change({{u"cboComercial", u"Nadie"}, {u"txtNotas", u"  Nuevo texto "}, {u"txtAsunto", u" Otro "}});
+    Guardar(instance, u"NoPreguntar");
+    EXPECT_TRUE(host.events.empty());
+    EXPECT_EQ(at(2, u"Notas").text(), u"Nuevo texto");
+    EXPECT_EQ(at(2, u"Asunto").text(), u" Otro ");
+    EXPECT_TRUE(at(2, u"IdComercial").isNull());
+  });
+}
+
+TEST_F(Saving, a_card_that_shows_another_version_or_the_record_again_has_the_saving_tools_off_alone) {
+  for (const bool stale : {true, false}) {
+    openOn(u"Nota", [&] {
+      change({{u"txtNotas", u"Nuevo texto"}});
+      form().toolbars().tool(u"ID_Guardar")->setEnabled(true);
+      form().toolbars().tool(u"ID_Imprimir")->setEnabled(false);
+      if (stale) {
+        anotherWrites();
+        expectBox(staleText, 48, u"Guardar");
+        Guardar(instance, u"NoPreguntar");
+      } else {
+        DeshacerCambios(instance);
+      }
+      EXPECT_FALSE(enabled(u"ID_Guardar"));
+      EXPECT_FALSE(enabled(u"ID_Imprimir"));
+      EXPECT_EQ(tag(u"txtNotas"), HacerAlgo);
+    });
+  }
 }
 
 TEST_F(Saving, a_hook_before_the_write_lets_every_card_through) { EXPECT_TRUE(Preguardar()); }

@@ -394,6 +394,18 @@ TEST_F(Validation, leaving_a_new_access_type_takes_two_attempts) {
   });
 }
 
+TEST_F(Validation, a_half_filled_card_can_be_kept_open_by_the_host) {
+  openCard(u"Nota", {}, [&] {
+    user.enters(u"txtCategorias");
+    instance.EstadoFicha = cargando;
+    host.answers.ChkListadoMx = [](bool& ok, ObjectRef, const Text&, const Text&) { ok = false; };
+    EXPECT_FALSE(user.closes());
+    EXPECT_TRUE(form().Visible());
+    host.answers.ChkListadoMx = [](bool& ok, ObjectRef, const Text&, const Text&) { ok = true; };
+    EXPECT_TRUE(user.closes());
+  });
+}
+
 TEST_F(Validation, a_check_box_that_is_left_clears_its_own_tag_and_checks_nothing_of_the_next_control) {
   openCard(u"Nota", {}, [&] {
     user.unticks(u"chkAvisoNota");
