@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "cards/Navigation.h"
+#include "cards/Saving.h"
 #include "tests/cardkit/OpenCard.h"
 #include "tests/standins/StandIns.h"
 
@@ -118,6 +119,30 @@ TEST_F(Routing, a_move_drops_the_row_of_a_new_card_that_is_not_wanted) {
       EXPECT_EQ(state(), limpia);
     });
   }
+}
+
+TEST_F(Routing, undoing_drops_the_row_of_a_new_card_without_a_question_and_tells_of_one_that_stays) {
+  for (const TextView kind : allKinds) {
+    onCardWithAttachments(kind, [&] {
+      instance.EstadoFicha = nueva;
+      expectBox(u"La ficha no ha podido ser borrada.", 48);
+      command(u"Fichas", u"ID_DeshacerCambios");
+      EXPECT_EQ(calls(), Calls{u"Borrar(False, )"});
+      EXPECT_EQ(state(), nueva);
+      EXPECT_EQ(crs().updates, 0);
+    });
+  }
+}
+
+TEST_F(Routing, saving_with_a_question_drops_the_row_of_a_new_card_that_is_not_wanted) {
+  onCardWithAttachments(u"Nota", [&] {
+    instance.EstadoFicha = nueva;
+    expectBox(u"¿Desea guardar la nueva nota?", 35, u"Guardar", no);
+    Guardar(instance, u"Preguntar");
+    EXPECT_EQ(calls(), Calls{u"Borrar(False, Save)"});
+    EXPECT_EQ(state(), limpia);
+    EXPECT_EQ(here.screen.pointers, (std::vector<int>{11, 0}));
+  });
 }
 
 TEST_F(Routing, escape_and_leaving_drop_the_row_of_a_new_card_that_is_not_wanted) {
