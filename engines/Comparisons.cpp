@@ -44,7 +44,7 @@ Date edge(Date date, int side) {
 
 void SentenceTranslator::putConstant(const Operand& text) {
   sentence_.drop(text.first + 1, text.end);
-  sentence_.replace(text.first, quotedText(*text.text, facts_));
+  sentence_.putText(text.first, *text.text);
 }
 
 Operand SentenceTranslator::joined(const Operand& left, std::size_t mark, const Operand& right,

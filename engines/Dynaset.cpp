@@ -34,8 +34,9 @@ void Dynaset::start(KeySet keys) {
   columnsVersion_ = 0;
   places_.clear();
   updateStatement_.reset();
+  findStatement_.reset();
   rowPlace_ = nowhere;
-  searched_.clear();
+  searched_.reset();
 }
 
 void Dynaset::reopen() {
@@ -52,6 +53,8 @@ void Dynaset::reopen() {
 void Dynaset::forget() {
   if (plan_) database().plans().put(sql(), std::move(plan_));
   updateStatement_.reset();
+  findStatement_.reset();
+  searched_.reset();
   keys_ = KeySet();
   row_ = {};
   found_ = {};
@@ -231,7 +234,7 @@ void Dynaset::Delete() {
   if (statement->run() == 0) throw databaseFailure(dao::failure::recordDeleted);
   keys_.erase(static_cast<std::size_t>(place()));
   rowPlace_ = nowhere;
-  searched_.clear();
+  searched_.reset();
   rowTakenOut();
 }
 
@@ -265,13 +268,23 @@ std::vector<std::int64_t> Dynaset::fewKeys() const {
   return keys;
 }
 
+Statement& Dynaset::findStatement(const Criterion& criterion) {
+  Text sql = query().matchesSql(criterion.sql, fewKeys());
+  if (!findStatement_ || sql != findSql_) {
+    findStatement_ = database().driver().prepare(sql, StatementKind::Criterion);
+    findSql_ = std::move(sql);
+  }
+  findStatement_->bind(criterion.texts);
+  return *findStatement_;
+}
+
 const PlaceSet& Dynaset::matches(const Criterion& criterion) {
   Driver& driver = database().driver();
   const std::uint64_t version = driver.dataVersion();
-  if (searched_ == criterion.sql && searchedVersion_ == version && !searched_.empty()) return found_;
-  searched_.clear();
+  if (searched_ == criterion && searchedVersion_ == version) return found_;
+  searched_.reset();
   KeySet met(keys_.width());
-  driver.prepare(query().matchesSql(criterion.sql, fewKeys()), StatementKind::Criterion)->readKeys(met);
+  findStatement(criterion).readKeys(met);
   std::vector<std::uint32_t> places;
   std::vector<std::int64_t> keys(met.width());
   for (std::size_t row = 0; row < met.size(); ++row) {
@@ -279,7 +292,7 @@ const PlaceSet& Dynaset::matches(const Criterion& criterion) {
     if (const auto place = keys_.find(keys)) places.push_back(static_cast<std::uint32_t>(*place));
   }
   found_ = PlaceSet(std::move(places), keys_.size());
-  searched_ = criterion.sql;
+  searched_ = criterion;
   searchedVersion_ = version;
   return found_;
 }

@@ -48,6 +48,7 @@ class Dynaset : public BaseRecordset {
   Place searchKey(std::int64_t key, Place from, Direction direction);
   const PlaceSet& matches(const Criterion& criterion);
   std::vector<std::int64_t> fewKeys() const;
+  Statement& findStatement(const Criterion& criterion);
   Statement& updateStatement(const std::vector<std::size_t>& changed);
   std::vector<std::size_t> changedFields() const;
   Text written(TextView name) const;
@@ -69,7 +70,9 @@ class Dynaset : public BaseRecordset {
   Text updateSql_;
   std::unique_ptr<Statement> updateStatement_;
 
-  Text searched_;  // the last condition, and where its rows are as long as nothing changes
+  Text findSql_;  // the last search that was made ready: the next may only be for another text
+  std::unique_ptr<Statement> findStatement_;
+  std::optional<Criterion> searched_;  // the last one, and where its rows are as long as nothing changes
   std::uint64_t searchedVersion_ = 0;
   PlaceSet found_;
 };

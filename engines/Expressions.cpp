@@ -138,7 +138,7 @@ Operand SentenceTranslator::pattern(Operand left, const Scope& scope, std::size_
   const Operand right = expression(scope, end, joining);
   if (right.text && facts_.likePattern) {
     sentence_.drop(right.first + 1, right.end);
-    sentence_.replace(right.first, quotedText(facts_.likePattern(*right.text), facts_));
+    sentence_.putText(right.first, facts_.likePattern(*right.text));
   }
   return Operand{.first = left.first, .end = right.end, .type = dao::dbBoolean, .simple = false};
 }
@@ -281,7 +281,7 @@ Operand SentenceTranslator::function(const Scope& scope, std::size_t end) {
     result.text = Text(1, static_cast<char16_t>(*arguments[0].number));
     result.type = dao::dbText;
     sentence_.drop(first + 1, result.end);
-    sentence_.replace(first, quotedText(*result.text, facts_));
+    sentence_.putText(first, *result.text);
     return result;
   }
   for (const FunctionFact& row : facts_.functions) {

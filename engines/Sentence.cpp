@@ -66,10 +66,16 @@ void Sentence::drop(std::size_t first, std::size_t end) {
   for (; first < end; ++first) drop(first);
 }
 
-Text Sentence::plain(const Token& token) const {
+Text Sentence::constant(TextView value) {
+  if (!parameters_) return quotedText(value, facts_);
+  texts_.emplace_back(value);
+  return Text(facts_.parameter) + toText(static_cast<std::int64_t>(*parameters_ + texts_.size()));
+}
+
+Text Sentence::plain(const Token& token) {
   switch (token.kind) {
     case Token::Kind::TextLiteral:
-      return quotedText(token.value, facts_);
+      return constant(token.value);
     case Token::Kind::Name:
       return quotedName(token.value);
     case Token::Kind::DateLiteral:
@@ -80,15 +86,18 @@ Text Sentence::plain(const Token& token) const {
   }
 }
 
-Text Sentence::text(std::size_t first, std::size_t end) const {
+Text Sentence::text(std::size_t first, std::size_t end) {
   Text all;
   for (std::size_t at = first; at < end; ++at) {
     const Edit& edit = edits_[at];
     const Token& token = tokens_[at];
-    if (edit.dropped) continue;
+    if (edit.dropped) {
+      all.append(edit.after);  // what follows an expression may have been hung on a token of it that is gone
+      continue;
+    }
     if (!all.empty()) all.append(sql_.substr(token.gap, token.begin - token.gap));
     all.append(edit.before);
-    const Text own = edit.instead ? *edit.instead : plain(token);
+    const Text own = edit.instead ? *edit.instead : edit.value ? constant(*edit.value) : plain(token);
     // Two words would run together where one between them is gone; two signs would begin a comment, which the
     // dialect does not know.
     if (!all.empty() && !own.empty() && sticks(all.back(), own.front())) all += u' ';

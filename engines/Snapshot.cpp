@@ -103,10 +103,11 @@ BaseRecordset::Place Snapshot::search(TextView criterion, Place from, Direction 
     if (info.type) output.type = info.type->type;
     shape.outputs.push_back(std::move(output));
   }
-  const Criterion condition = translateCriterion(criterion, shape, database().catalog(), facts);
+  const Criterion condition = translateCriterion(criterion, shape, database().catalog(), facts, columns_);
   const auto statement =
       database().driver().prepare(u"SELECT 1 WHERE " + condition.sql, StatementKind::Criterion);
   std::vector<Stored> values(columns_);
+  values.insert(values.end(), condition.texts.begin(), condition.texts.end());
   Rows met;
   const Place step = direction == Direction::Forward ? 1 : -1;
   for (Place row = std::clamp<Place>(from, -1, allRows()); row >= 0 && row < rows(); row += step) {

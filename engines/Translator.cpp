@@ -105,6 +105,7 @@ Criterion SentenceTranslator::criterion(const SelectShape& select) {
   all(scope, end);
   Criterion result;
   result.sql = sentence_.text(0, end);
+  for (const Text& text : sentence_.texts()) result.texts.emplace_back(toUtf8(text));
   if (result.sql.empty()) throw databaseFailure(dao::failure::criterionSyntax);
   return result;
 }
@@ -121,11 +122,12 @@ Translation translate(TextView sql, Catalog& catalog, const DialectFacts& facts)
 }
 
 Criterion translateCriterion(TextView criterion, const SelectShape& select, Catalog& catalog,
-                             const DialectFacts& facts) {
+                             const DialectFacts& facts, std::size_t used) {
   try {
     std::vector<Token> tokens = tokenize(criterion);
     if (auto simple = numberOfColumn(tokens, select)) return std::move(*simple);
     Sentence sentence(criterion, std::move(tokens), facts);
+    sentence.textsAsParameters(used);
     return SentenceTranslator(sentence, catalog).criterion(select);
   } catch (const Failure& failure) {
     if (failure.number() != dao::failure::syntax) throw;

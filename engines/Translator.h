@@ -59,15 +59,19 @@ Translation translate(TextView sql, Catalog& catalog, const DialectFacts& facts)
 
 // A search criterion over the output columns of a select.
 struct Criterion {
-  Text sql;  // a condition over the tables of FROM
+  Text sql;                   // a condition over the tables of FROM, its text constants as parameters
+  std::vector<Stored> texts;  // their values
 
   // The criterion where it says no more than that a column is a whole number.
   std::optional<std::size_t> onlyColumn;
   std::int64_t onlyNumber = 0;
+
+  friend bool operator==(const Criterion&, const Criterion&) = default;
 };
 
-// Failures: 3061 a name that is no output, 3077.
+// `used` is the number of parameters that the outputs themselves are. Failures: 3061 a name that is no
+// output, 3077.
 Criterion translateCriterion(TextView criterion, const SelectShape& select, Catalog& catalog,
-                             const DialectFacts& facts);
+                             const DialectFacts& facts, std::size_t used = 0);
 
 }  // namespace ovalia::engines
