@@ -4,6 +4,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <array>
 #include <set>
 
 #include "desktop/DiskFile.h"
@@ -32,6 +33,28 @@ std::vector<std::string> filesNamed(TextView pathOrMask) {
   return files;
 }
 
+// The usual reasons in the user's language; the library knows more, in its own.
+struct ReasonRow {
+  int code;
+  TextView text;
+};
+constexpr auto reasons = std::to_array<ReasonRow>({
+    {ZIP_ER_OPEN, u"no se puede abrir el archivo."},
+    {ZIP_ER_READ, u"no se puede leer un archivo."},
+    {ZIP_ER_WRITE, u"no se puede escribir en el disco."},
+    {ZIP_ER_TMPOPEN, u"no se puede escribir en la carpeta."},
+    {ZIP_ER_RENAME, u"no se puede dar su nombre al archivo comprimido."},
+    {ZIP_ER_NOENT, u"falta la carpeta del archivo comprimido."},
+    {ZIP_ER_NOZIP, u"hay ya un archivo con ese nombre que no es un zip."},
+    {ZIP_ER_MEMORY, u"no hay memoria suficiente."},
+});
+
+Text reasonOf(zip_error_t& error) {
+  for (const ReasonRow& row : reasons)
+    if (row.code == zip_error_code_zip(&error)) return Text(row.text);
+  return fromUtf8(zip_error_strerror(&error));
+}
+
 class Archiver {
  public:
   Text name;
@@ -52,7 +75,7 @@ class Archiver {
     if (!archive) {
       zip_error_t opening;
       zip_error_init_with_code(&opening, error);
-      message = fromUtf8(zip_error_strerror(&opening));
+      message = reasonOf(opening);
       zip_error_fini(&opening);
       return error;
     }
@@ -60,7 +83,7 @@ class Archiver {
     bool good = true;
     for (const std::string& file : files_) good = good && addTo(archive, file, names);
     if (good && zip_close(archive) == 0) return 0;
-    message = fromUtf8(zip_strerror(archive));
+    message = reasonOf(*zip_get_error(archive));
     const int code = zip_error_code_zip(zip_get_error(archive));
     zip_discard(archive);
     return code ? code : ZIP_ER_INTERNAL;

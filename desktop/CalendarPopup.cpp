@@ -24,7 +24,7 @@ QPoint placeFor(const QWidget& popup, const QWidget& under) {
 
 }  // namespace
 
-void popUpCalendar(QWidget& under, QDate shown, std::function<void(QDate)> chosen) {
+void popUpCalendar(QWidget& under, QDate shown, QDate present, std::function<void(QDate)> chosen) {
   auto* popup = new QFrame(&under, Qt::Popup);
   popup->setAttribute(Qt::WA_DeleteOnClose);
   popup->setFrameStyle(QFrame::StyledPanel);
@@ -54,7 +54,7 @@ void popUpCalendar(QWidget& under, QDate shown, std::function<void(QDate)> chose
   QObject::connect(calendar, &QCalendarWidget::activated, popup, [=](QDate day) {
     if (popup->isVisible()) choose(day);
   });
-  QObject::connect(today, &QPushButton::clicked, popup, [=] { choose(QDate::currentDate()); });
+  QObject::connect(today, &QPushButton::clicked, popup, [=] { choose(present); });
   QObject::connect(none, &QPushButton::clicked, popup, [=] { choose(QDate()); });
 
   popup->move(placeFor(*popup, under));

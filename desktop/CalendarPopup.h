@@ -6,8 +6,8 @@
 
 namespace ovalia::desktop {
 
-// Shows a calendar under a widget; `chosen` gets the day picked, or an invalid one for "no date". Escape and
-// a click elsewhere choose nothing. It deletes itself.
-void popUpCalendar(QWidget& under, QDate shown, std::function<void(QDate)> chosen);
+// Shows a calendar under a widget; `chosen` gets the day picked, the `present` one by its button, or an
+// invalid one for "no date". Escape and a click elsewhere choose nothing. It deletes itself.
+void popUpCalendar(QWidget& under, QDate shown, QDate present, std::function<void(QDate)> chosen);
 
 }  // namespace ovalia::desktop

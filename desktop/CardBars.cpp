@@ -3,6 +3,8 @@
 #include <QLayout>
 #include <QMouseEvent>
 #include <QPointer>
+#include <QPushButton>
+#include <QShortcutEvent>
 #include <QStyleOptionToolButton>
 #include <QToolButton>
 
@@ -45,6 +47,23 @@ class SplitButton : public QToolButton {
   }
 };
 
+// A letter that it shares with a button of the window is the button's.
+class MenuBar : public QMenuBar {
+ public:
+  using QMenuBar::QMenuBar;
+
+ protected:
+  bool event(QEvent* event) override {
+    if (event->type() == QEvent::Shortcut) {
+      const auto& pressed = static_cast<QShortcutEvent&>(*event);
+      if (pressed.isAmbiguous())
+        for (QPushButton* button : window()->findChildren<QPushButton*>())
+          if (button->shortcut() == pressed.key()) return button->click(), true;
+    }
+    return QMenuBar::event(event);
+  }
+};
+
 QString tipOf(const forms::ActiveToolBars::Tool& tool) {
   return tool.tip.empty() ? spoken(tool.caption) : toQt(tool.tip);
 }
@@ -56,7 +75,7 @@ CardBars::CardBars(std::shared_ptr<forms::ActiveToolBars> bars, QWidget* window,
       bars_(std::move(bars)),
       window_(window),
       before_(std::move(before)),
-      menuBar_(new QMenuBar(window)),
+      menuBar_(new MenuBar(window)),
       toolBar_(new QToolBar(QStringLiteral("Herramientas"), window)) {
   toolBar_->setMovable(false);
   toolBar_->setContextMenuPolicy(Qt::PreventContextMenu);

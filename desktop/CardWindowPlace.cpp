@@ -4,6 +4,7 @@
 
 #include "desktop/CardWindow.h"
 #include "desktop/Scale.h"
+#include "desktop/WholeDesk.h"
 
 namespace ovalia::desktop {
 
@@ -29,7 +30,8 @@ void CardWindow::followPlace() {
   if (!freelyPlaced()) return;
   ++following_;
   const Scale scale = Scale::of(*this);
-  const QPoint place(scale.pixels(form_->Left()), scale.pixels(form_->Top()));
+  const QPoint place =
+      wholeDesk().topLeft() + QPoint(scale.pixels(form_->Left()), scale.pixels(form_->Top()));
   const QSize size(scale.pixels(form_->ScaleWidth()), scale.pixels(form_->ScaleHeight()));
   askedPlace_ = {place, form_->Left(), form_->Top()};
   askedSize_ = {size, form_->Width(), form_->Height()};
@@ -70,10 +72,11 @@ void CardWindow::moveEvent(QMoveEvent* event) {
   if (place == reportedPlace_) return;
   reportedPlace_ = place;
   const Scale scale = Scale::of(*this);
+  const QPoint onDesk = place - wholeDesk().topLeft();
   if (place == askedPlace_.pixels)
     form_->userMoves(askedPlace_.first, askedPlace_.second);
   else
-    form_->userMoves(scale.twips(place.x()), scale.twips(place.y()));
+    form_->userMoves(scale.twips(onDesk.x()), scale.twips(onDesk.y()));
 }
 
 void CardWindow::areaResized() {

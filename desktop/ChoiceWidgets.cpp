@@ -1,12 +1,18 @@
+#include <QAbstractItemView>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QShortcutEvent>
 #include <QSignalBlocker>
+#include <QStyleOptionComboBox>
 #include <QWheelEvent>
+#include <algorithm>
 
 #include "desktop/ControlWidget.h"
+#include "desktop/ElidedText.h"
 #include "desktop/QtText.h"
+#include "forms/Form.h"
 
 namespace ovalia::desktop {
 
@@ -16,12 +22,26 @@ namespace {
 
 constexpr int entriesShown = 20;
 
-// The wheel turns its entries only while it has the focus: scrolling past it must not change a card.
+// The wheel turns its entries only while it has the focus: scrolling past it must not change a card. A text
+// too long for it ends in "…"; its list is as wide as its entries.
 class Combo : public QComboBox {
  public:
   using QComboBox::QComboBox;
 
+  void showPopup() override {
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    view()->setMinimumWidth(view()->sizeHintForColumn(modelColumn()) +
+                            (count() > maxVisibleItems() ? bar : 0));
+    QComboBox::showPopup();
+  }
+
  protected:
+  void initStyleOption(QStyleOptionComboBox* option) const override {
+    QComboBox::initStyleOption(option);
+    const QRect room =
+        style()->subControlRect(QStyle::CC_ComboBox, option, QStyle::SC_ComboBoxEditField, this);
+    option->currentText = fontMetrics().elidedText(option->currentText, Qt::ElideRight, room.width() - 2);
+  }
   void wheelEvent(QWheelEvent* event) override {
     if (hasFocus())
       QComboBox::wheelEvent(event);
@@ -53,6 +73,7 @@ class ComboWidget : public ControlWidget {
     });
     if (control->has(forms::dropDownList)) return;
     combo->setEditable(true);
+    combo->setLineEdit(new ElidedLineEdit(combo));
     combo->setInsertPolicy(QComboBox::NoInsert);
     combo->setCompleter(nullptr);
     // On leaving, the widget would pick the entry that differs in case only: typing is no picking here.
@@ -114,22 +135,47 @@ class CheckWidget : public ControlWidget {
   QCheckBox* box_;
 };
 
+// A letter that it shares with a menu presses it.
+class Button : public QPushButton {
+ public:
+  using QPushButton::QPushButton;
+
+ protected:
+  bool event(QEvent* event) override {
+    if (event->type() != QEvent::Shortcut || !static_cast<QShortcutEvent*>(event)->isAmbiguous())
+      return QPushButton::event(event);
+    return click(), true;
+  }
+};
+
 class ButtonWidget : public ControlWidget {
  public:
   ButtonWidget(const forms::ControlRef& control, QWidget* parent)
-      : ControlWidget(control, new QPushButton(parent)), button_(static_cast<QPushButton*>(widget())) {
+      : ControlWidget(control, new Button(parent)), button_(static_cast<Button*>(widget())) {
     button_->setAutoDefault(false);
     connect(button_, &QPushButton::clicked, this,
             [kept = std::static_pointer_cast<forms::CommandButton>(control)] { kept->userClicks(); });
   }
 
   void follow(Property property) override {
-    if (property == Property::Caption) button_->setText(toQt(control().Caption()));
+    if (property == Property::Caption) {
+      button_->setText(toQt(control().Caption()));
+      if (!answers()) button_->setShortcut({});
+    }
     ControlWidget::follow(property);
   }
 
  private:
-  QPushButton* button_;
+  // A button on which nothing hangs leaves its letter to the menu. A form without a table of what hangs on
+  // its controls answers by code of its own.
+  bool answers() const {
+    const auto events = control().form().design().events;
+    return events.empty() || std::any_of(events.begin(), events.end(), [&](const forms::EventRow& row) {
+             return row.control == control().design().name;
+           });
+  }
+
+  Button* button_;
 };
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include "desktop/MessageBox.h"
 #include "desktop/QtText.h"
 #include "desktop/Scale.h"
+#include "desktop/WholeDesk.h"
 #include "forms/Form.h"
 
 namespace ovalia::desktop {
@@ -16,14 +17,6 @@ constexpr int hourglass = 11;
 
 QString titleOr(TextView title) {
   return toQt(title.empty() ? TextView(Platform::current().app.title) : title);
-}
-
-// All screens together, from the origin of places on.
-QSize wholeDesk() {
-  const QScreen* screen = QApplication::primaryScreen();
-  if (!screen) return {};
-  const QRect desk = screen->virtualGeometry();
-  return {desk.right() + 1, desk.bottom() + 1};
 }
 
 Scale screenScale() {

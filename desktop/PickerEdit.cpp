@@ -37,6 +37,7 @@ PickerEdit::PickerEdit(Kind kind, bool nullable, QWidget* parent) : QWidget(pare
   if (nullable) {
     tick_ = new QCheckBox(this);
     tick_->setFocusPolicy(Qt::NoFocus);
+    tick_->setAccessibleName(QStringLiteral("Con fecha"));
     connect(tick_, &QCheckBox::clicked, this, [this] { toggle(); });
     row->addWidget(tick_);
   }
@@ -147,7 +148,8 @@ void PickerEdit::stepTime(int amount, bool large) {
 void PickerEdit::openCalendar() {
   commit();
   const QPointer<PickerEdit> self(this);
-  popUpCalendar(*this, empty() ? qtDay(today()) : qtDay(value_.toDate().days), [self](QDate day) {
+  const QDate present = qtDay(today());
+  popUpCalendar(*this, empty() ? present : qtDay(value_.toDate().days), present, [self](QDate day) {
     if (!self) return;
     if (day.isValid())
       self->chooseDay(dayOf(day));

@@ -13,7 +13,8 @@ struct SmtpServer {
 };
 
 // Hands a composed message over; uses TLS when the server offers it. "" when the server has taken it, else
-// why it did not, in the library's words. Waits no longer than `patience` in all.
+// why it did not, in Spanish or, where the reason is a rare one, in the library's words. Waits no longer than
+// `patience` in all.
 Text sendMail(const SmtpServer& server, const Text& from, const Text& to, const QByteArray& message);
 
 }  // namespace ovalia::desktop

@@ -4,6 +4,7 @@
 
 #include "desktop/ControlWidget.h"
 #include "desktop/DropData.h"
+#include "desktop/ElidedText.h"
 #include "desktop/LineEnds.h"
 #include "desktop/QtText.h"
 
@@ -13,14 +14,14 @@ using forms::Property;
 
 namespace {
 
-class LineEdit : public QLineEdit {
+class LineEdit : public ElidedLineEdit {
  public:
-  using QLineEdit::QLineEdit;
+  using ElidedLineEdit::ElidedLineEdit;
   std::function<void()> doubleClicked;
 
  protected:
   void mouseDoubleClickEvent(QMouseEvent* event) override {
-    QLineEdit::mouseDoubleClickEvent(event);
+    ElidedLineEdit::mouseDoubleClickEvent(event);
     if (event->button() == Qt::LeftButton && doubleClicked) doubleClicked();
   }
 };

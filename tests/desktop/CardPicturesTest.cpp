@@ -1,11 +1,14 @@
 // The four cards as the toolkit draws them, at the resolution that the environment gives: what a designer
 // would look at, and what can be measured of it.
 #include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QAccessible>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
 #include <QGroupBox>
 #include <QLabel>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QStyleOption>
 #include <QToolBar>
@@ -206,6 +209,27 @@ TEST_P(CardPictures, every_control_is_named_for_those_who_hear_it_and_has_a_tip_
       EXPECT_FALSE(button->accessibleName().isEmpty());
       EXPECT_FALSE(button->toolTip().isEmpty());
     }
+  });
+}
+
+// The parts of composite controls too: the tick and the calendar of a date, for instance.
+TEST_P(CardPictures, everything_that_can_be_acted_on_has_a_name_for_those_who_hear_it) {
+  const auto card = std::make_shared<forms::CardForm>(GetParam().design());
+  whileShown(*card, [&] {
+    int asked = 0;
+    for (QWidget* part : windowOf(*card)->findChildren<QWidget*>()) {
+      const bool acts = qobject_cast<QAbstractButton*>(part) || qobject_cast<QLineEdit*>(part) ||
+                        qobject_cast<QComboBox*>(part) || qobject_cast<QPlainTextEdit*>(part) ||
+                        qobject_cast<QAbstractItemView*>(part);
+      const bool ofCombo = qobject_cast<QComboBox*>(part->parentWidget());
+      if (!acts || ofCombo || !part->isVisible() || part->objectName().startsWith("qt_")) continue;
+      const QAccessibleInterface* told = QAccessible::queryAccessibleInterface(part);
+      ASSERT_NE(told, nullptr);
+      EXPECT_FALSE(told->text(QAccessible::Name).isEmpty())
+          << part->metaObject()->className() << " in " << part->parentWidget()->objectName().toStdString();
+      ++asked;
+    }
+    EXPECT_GT(asked, 15);
   });
 }
 

@@ -176,8 +176,9 @@ TEST_F(Mail, two_in_one_second_are_kept_both) {
 TEST_F(Mail, that_the_server_refuses_is_kept) {
   SmtpServer smtp(SmtpServer::RefusesRecipient);
   server(smtp.url());
-  here.screen.expectBoxLike(u"El servidor de correo no ha aceptado el mensaje: ", u"para enviarlo.", 48,
-                            u"Correo", 1);
+  here.screen.expectBoxLike(
+      u"El servidor de correo no ha aceptado el mensaje: el servidor no acepta al remitente",
+      u"para enviarlo.", 48, u"Correo", 1);
   EXPECT_FALSE(send());
   EXPECT_EQ(eml().size(), 1);
 }
@@ -185,20 +186,27 @@ TEST_F(Mail, that_the_server_refuses_is_kept) {
 TEST_F(Mail, to_a_server_that_says_nothing_is_kept_after_a_while) {
   SmtpServer smtp(SmtpServer::Silent);
   server(smtp.url());
-  here.screen.expectBoxLike(u"El servidor de correo no ha aceptado el mensaje: ", u"para enviarlo.", 48,
-                            u"Correo", 1);
+  here.screen.expectBoxLike(u"El servidor de correo no ha aceptado el mensaje: el servidor no responde.",
+                            u"para enviarlo.", 48, u"Correo", 1);
   EXPECT_FALSE(send({}, std::chrono::seconds(1)));
   EXPECT_EQ(eml().size(), 1);
 }
 
-TEST_F(Mail, to_an_address_where_nobody_listens_or_that_is_none_is_kept) {
-  for (const TextView url : {u"smtp://127.0.0.1:1", u"http://127.0.0.1:1", u"disparate"}) {
+TEST_F(Mail, to_an_address_where_nobody_listens_or_that_is_none_is_kept_and_the_reason_told) {
+  struct Row {
+    TextView url, reason;
+  };
+  for (const auto& [url, reason] :
+       {Row{u"smtp://127.0.0.1:1", u"no se puede conectar con el servidor."},
+        Row{u"http://127.0.0.1:1", u"la dirección del servidor debe empezar por smtp:// o smtps://."},
+        Row{u"disparate", u"la dirección del servidor debe empezar por smtp:// o smtps://."},
+        Row{u"smtp://", u"la dirección del servidor no está bien escrita."}}) {
     server(Text(url));
-    here.screen.expectBoxLike(u"El servidor de correo no ha aceptado el mensaje: ", u"enviarlo.", 48,
-                              u"Correo", 1);
+    here.screen.expectBoxLike(u"El servidor de correo no ha aceptado el mensaje: " + Text(reason),
+                              u"enviarlo.", 48, u"Correo", 1);
     EXPECT_FALSE(send());
   }
-  EXPECT_EQ(eml().size(), 3);
+  EXPECT_EQ(eml().size(), 4);
 }
 
 TEST_F(Mail, with_an_attachment_that_is_not_there_is_not_sent) {
