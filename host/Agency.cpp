@@ -48,15 +48,42 @@ int countFrom(const std::string& text) {
   return count;
 }
 
+// Types that hold the same kind of value do for one another.
+int family(dao::DataType type) {
+  switch (type) {
+    case dao::dbByte:
+    case dao::dbInteger:
+    case dao::dbLong:
+      return dao::dbLong;
+    case dao::dbCurrency:
+    case dao::dbSingle:
+    case dao::dbDouble:
+      return dao::dbDouble;
+    case dao::dbText:
+    case dao::dbMemo:
+      return dao::dbText;
+    default:
+      return type;
+  }
+}
+
+void checkTable(dao::Database& database, const Table& design, const Text& start) {
+  const Text name(design.name);
+  try {
+    const auto found = database.TableDefs(design.name);
+    for (const Column& column : design.columns)
+      if (family(found->Fields().item(column.name)->Type()) != family(storedType(column.type)))
+        throw StartFailure(start + u"la columna " + Text(column.name) + u" de la tabla " + name +
+                           u" no es del tipo que debe ser.");
+  } catch (const Failure& failure) {
+    if (failure.number() != dao::failure::notInCollection) throw;
+    throw StartFailure(start + u"la tabla " + name + u" falta o está incompleta.");
+  }
+}
+
 void checkSchema(dao::Database& database, const fs::path& file) {
-  for (const Table& design : schema()) try {
-      const auto found = database.TableDefs(design.name);
-      for (const Column& column : design.columns) found->Fields().item(column.name);
-    } catch (const Failure& failure) {
-      if (failure.number() != dao::failure::notInCollection) throw;
-      throw StartFailure(u"La base de datos " + shown(file) + u" no es de una agencia: la tabla " +
-                         Text(design.name) + u" falta o está incompleta.");
-    }
+  const Text start = u"La base de datos " + shown(file) + u" no es de una agencia: ";
+  for (const Table& design : schema()) checkTable(database, design, start);
 }
 
 // A write that changes nothing still needs the right and the lock to write.

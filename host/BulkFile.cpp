@@ -18,29 +18,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-dao::DataType storedType(ColumnType type) {
-  switch (type) {
-    case ColumnType::Key:
-    case ColumnType::Long:
-      return dao::dbLong;
-    case ColumnType::Short:
-      return dao::dbInteger;
-    case ColumnType::Byte:
-      return dao::dbByte;
-    case ColumnType::Boolean:
-      return dao::dbBoolean;
-    case ColumnType::Money:
-      return dao::dbCurrency;
-    case ColumnType::DateTime:
-      return dao::dbDate;
-    case ColumnType::VarChar:
-      return dao::dbText;
-    case ColumnType::Memo:
-      return dao::dbMemo;
-  }
-  return dao::dbText;
-}
-
 struct Closer {
   void operator()(sqlite3* database) const { sqlite3_close(database); }
   void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
@@ -48,10 +25,27 @@ struct Closer {
 using Connection = std::unique_ptr<sqlite3, Closer>;
 using Prepared = std::unique_ptr<sqlite3_stmt, Closer>;
 
+struct EngineCause {
+  int code;
+  std::int32_t number;
+  TextView words;
+};
+constexpr EngineCause engineCauses[] = {
+    {SQLITE_FULL, failure::diskFull, u"el disco está lleno"},
+    {SQLITE_READONLY, failure::permissionDenied, u"no se puede escribir en el fichero"},
+    {SQLITE_PERM, failure::permissionDenied, u"no tiene permiso"},
+    {SQLITE_CANTOPEN, failure::pathFileAccess, u"no se puede abrir el fichero"},
+    {SQLITE_IOERR, failure::pathFileAccess, u"el disco no responde bien"},
+    {SQLITE_BUSY, failure::permissionDenied, u"otro programa la tiene bloqueada"},
+    {SQLITE_CORRUPT, failure::pathFileAccess, u"el fichero está dañado"},
+};
+
 void check(sqlite3* database, int code) {
   if (code == SQLITE_OK || code == SQLITE_DONE) return;
-  const int number = code == SQLITE_FULL ? failure::diskFull : failure::pathFileAccess;
-  throw Failure(number, u"No se ha podido crear la base de datos: " + fromUtf8(sqlite3_errmsg(database)));
+  const Text start = u"No se ha podido crear la base de datos: ";
+  for (const EngineCause& cause : engineCauses)
+    if (cause.code == (code & 0xFF)) throw Failure(cause.number, start + Text(cause.words) + u".");
+  throw Failure(failure::pathFileAccess, start + fromUtf8(sqlite3_errmsg(database)));
 }
 
 void run(sqlite3* database, const char* sql) {
@@ -100,32 +94,52 @@ class BulkSink : public RowSink {
   std::vector<dao::DataType> types_;
 };
 
+Connection opened(const fs::path& file) {
+  sqlite3* made = nullptr;
+  const int code = sqlite3_open(file.c_str(), &made);
+  Connection connection(made);
+  check(made, code);
+  return connection;
+}
+
 void fill(const fs::path& file, int annotations) {
-  sqlite3* opened = nullptr;
-  const int code = sqlite3_open(file.c_str(), &opened);
-  const Connection connection(opened);
-  check(opened, code);
-  run(opened, "PRAGMA journal_mode = OFF; PRAGMA synchronous = NORMAL; PRAGMA foreign_keys = OFF; BEGIN");
+  const Connection connection = opened(file);
+  sqlite3* const database = connection.get();
+  run(database, "PRAGMA journal_mode = OFF; PRAGMA synchronous = NORMAL; PRAGMA foreign_keys = OFF; BEGIN");
   std::vector<std::string> indexes;
   for (const Text& statement : createStatements()) {
     if (statement.starts_with(u"CREATE INDEX"))
       indexes.push_back(toUtf8(statement));
     else
-      run(opened, toUtf8(statement).c_str());
+      run(database, toUtf8(statement).c_str());
   }
   {
-    BulkSink sink(opened);
+    BulkSink sink(database);
     makeSample(sink, annotations);
   }
-  for (const std::string& index : indexes) run(opened, index.c_str());
-  run(opened, "COMMIT; ANALYZE");
+  for (const std::string& index : indexes) run(database, index.c_str());
+  run(database, "COMMIT; ANALYZE");
 }
 
+struct SystemCause {
+  std::errc error;
+  std::int32_t number;
+  TextView words;
+};
+constexpr SystemCause systemCauses[] = {
+    {std::errc::permission_denied, failure::permissionDenied, u"no tiene permiso"},
+    {std::errc::read_only_file_system, failure::permissionDenied, u"el disco es de sólo lectura"},
+    {std::errc::no_space_on_device, failure::diskFull, u"el disco está lleno"},
+    {std::errc::not_a_directory, failure::pathFileAccess, u"una parte de la ruta no es una carpeta"},
+    {std::errc::is_a_directory, failure::pathFileAccess, u"es una carpeta"},
+    {std::errc::no_such_file_or_directory, failure::pathFileAccess, u"falta una carpeta de la ruta"},
+};
+
 [[noreturn]] void failOn(const fs::path& path, const std::error_code& error) {
-  const int number =
-      error == std::errc::permission_denied ? failure::permissionDenied : failure::pathFileAccess;
-  throw Failure(number,
-                u"No se puede escribir en " + fromUtf8(path.native()) + u": " + fromUtf8(error.message()));
+  const Text start = u"No se puede escribir en " + fromUtf8(path.native()) + u": ";
+  for (const SystemCause& cause : systemCauses)
+    if (error == cause.error) throw Failure(cause.number, start + Text(cause.words) + u".");
+  throw Failure(failure::pathFileAccess, start + u"el sistema no lo permite.");
 }
 
 void makeFolder(const fs::path& folder) {
@@ -145,6 +159,25 @@ void makeDatabaseFile(const fs::path& file, int annotations) {
   fill(unfinished, annotations);
   fs::rename(unfinished, file, error);
   if (error) failOn(file, error);
+}
+
+void copyDatabaseFile(const fs::path& from, const fs::path& to) {
+  makeFolder(to.parent_path());
+  std::error_code error;
+  for (const char* companion : {"", "-wal", "-shm"}) fs::remove(to.native() + companion, error);
+  const Connection source = opened(from), target = opened(to);
+  sqlite3_backup* copying = sqlite3_backup_init(target.get(), "main", source.get(), "main");
+  if (copying) sqlite3_backup_step(copying, -1);
+  sqlite3_backup_finish(copying);
+  check(target.get(), sqlite3_errcode(target.get()));
+}
+
+void copyFolder(const fs::path& from, const fs::path& to) {
+  std::error_code error;
+  if (!fs::is_directory(from, error)) return;
+  makeFolder(to);
+  fs::copy(from, to, fs::copy_options::recursive | fs::copy_options::overwrite_existing, error);
+  if (error) failOn(to, error);
 }
 
 void makeSampleDocuments(const fs::path& dataFolder) {

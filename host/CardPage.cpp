@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTabBar>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include "desktop/QtText.h"
@@ -42,6 +43,7 @@ CardPage::CardPage(std::shared_ptr<HostCard> card, QWidget* parent)
 
   card_->activeControl = [this] { return lastControl_; };
   card_->refreshed = [this] { refresh(); };
+  card_->gone = [this] { gone(); };
   card_->counted = [this](AnnotationList& list) { showCount(list); };
   card_->marked = [this](TextView grid) {
     ListPane* marked = pane(grid);
@@ -58,6 +60,7 @@ CardPage::CardPage(std::shared_ptr<HostCard> card, QWidget* parent)
 CardPage::~CardPage() {
   card_->activeControl = [] { return Text(); };
   card_->refreshed = [] {};
+  card_->gone = [] {};
   card_->counted = [](AnnotationList&) {};
   card_->marked = [](TextView) { return std::vector<std::int32_t>(); };
   for (const auto& list : card_->lists()) list->changed = [] {};
@@ -127,7 +130,16 @@ void CardPage::buildLists() {
   QObject::connect(pages_, &QTabWidget::currentChanged, this, [this](int index) {
     if (!pages_->tabBar()->hasFocus()) panes_[static_cast<std::size_t>(index)]->grid().setFocus();
   });
+  pages_->tabBar()->installEventFilter(this);
   if (!panes_.empty()) setFocusProxy(&panes_.front()->grid());
+}
+
+// The letter of the page that is there already leads into its grid as well.
+bool CardPage::eventFilter(QObject* object, QEvent* event) {
+  if (object == pages_->tabBar() && event->type() == QEvent::Shortcut)
+    QTimer::singleShot(
+        0, this, [this] { panes_[static_cast<std::size_t>(pages_->currentIndex())]->grid().setFocus(); });
+  return QWidget::eventFilter(object, event);
 }
 
 void CardPage::followCalls() {

@@ -23,8 +23,12 @@ class CardPage : public QWidget {
   ListPane* pane(TextView grid);
   void showPane(ListPane& pane);
 
-  // Called when the caption may have changed.
+  // Called when the caption may have changed, and when the record turned out to be deleted.
   std::function<void()> captionChanged = [] {};
+  std::function<void()> gone = [] {};
+
+ protected:
+  bool eventFilter(QObject* object, QEvent* event) override;
 
  private:
   void buildFields();

@@ -122,7 +122,9 @@ bool HostCard::followAdvertisement() {
 }
 
 void HostCard::reload() {
-  rows_->Requery();
+  const auto rows = workplace_.agency.database->OpenRecordset(cardQuery(form_, record_), dao::dbOpenDynaset);
+  if (rows->isEOF()) return gone();
+  rows_ = rows;
   for (const auto& list : lists_) list->reload();
   refreshed();
 }

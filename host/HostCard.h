@@ -46,11 +46,12 @@ class HostCard {
   // another one than before.
   bool followAdvertisement();
 
-  // Reads record and lists again.
+  // Reads record and lists again. Of a record that another user deleted `gone` is called and nothing changes.
   void reload();
 
   std::function<Text()> activeControl = [] { return Text(); };            // name; "" when there is none
   std::function<void()> refreshed = [] {};                                // record or lists were read again
+  std::function<void()> gone = [] {};                                     // the record is no more
   std::function<void(AnnotationList&)> counted = [](AnnotationList&) {};  // its number of rows may differ
   std::function<std::vector<std::int32_t>(TextView grid)> marked = [](TextView) {
     return std::vector<std::int32_t>();

@@ -24,12 +24,12 @@ constexpr FieldDesign propertyFields[] = {
     {u"txtObservaciones", u"Notas", u"Observacione&s", Memo, true},
 };
 constexpr ListColumn propertyColumns[] = {{u"Referencia", u"Referencia", 12},
-                                          {u"TipoInm", u"Tipo", 14},
-                                          {u"Direccion", u"Dirección", 28},
-                                          {u"Numero", u"Número", 8},
+                                          {u"TipoInm", u"Tipo", 17},
+                                          {u"Direccion", u"Dirección", 26},
+                                          {u"Numero", u"Número", 7},
                                           {u"Piso", u"Piso", 12},
                                           {u"Poblacion", u"Población", 22},
-                                          {u"Precio", u"Precio", 12},
+                                          {u"Precio", u"Precio", 11},
                                           {u"Propietario", u"Propietario", 28}};
 
 constexpr FieldDesign userFields[] = {

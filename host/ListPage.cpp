@@ -1,10 +1,13 @@
 #include "host/ListPage.h"
 
+#include <QCoreApplication>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPointer>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "desktop/QtText.h"
 #include "host/Contract.h"
@@ -44,6 +47,8 @@ ListPage::ListPage(const HostForm& form, Workplace& workplace, QWidget* parent)
   auto* all = new QVBoxLayout(this);
   all->addLayout(top);
   all->addWidget(grid_, 1);
+  setFocusProxy(wanted_);
+  wanted_->installEventFilter(this);
   QWidget::setTabOrder(wanted_, grid_);
   QWidget::setTabOrder(grid_, open);
 
@@ -68,6 +73,15 @@ ListPage::ListPage(const HostForm& form, Workplace& workplace, QWidget* parent)
 void ListPage::search(const QString& wanted) {
   rows_ = workplace_.agency.database->OpenRecordset(searchQuery(form_, fromQt(wanted)), dao::dbOpenDynaset);
   grid_->show(rows_, 0);
+}
+
+// The arrows in the search box walk the list.
+bool ListPage::eventFilter(QObject* object, QEvent* event) {
+  constexpr int walking[] = {Qt::Key_Up, Qt::Key_Down, Qt::Key_PageUp, Qt::Key_PageDown};
+  const bool walks = object == wanted_ && event->type() == QEvent::KeyPress &&
+                     std::ranges::find(walking, static_cast<QKeyEvent*>(event)->key()) != std::end(walking);
+  if (walks) QCoreApplication::sendEvent(grid_, event);
+  return walks;
 }
 
 void ListPage::reload() { grid_->reload(grid_->currentKey()); }

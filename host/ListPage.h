@@ -23,6 +23,9 @@ class ListPage : public QWidget {
 
   std::function<void(std::int32_t record)> opened = [](std::int32_t) {};
 
+ protected:
+  bool eventFilter(QObject* object, QEvent* event) override;
+
  private:
   const HostForm& form_;
   Workplace& workplace_;

@@ -1,6 +1,7 @@
 #include "host/MainWindow.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -9,12 +10,17 @@
 #include <QTabBar>
 
 #include "desktop/QtText.h"
+#include "host/PlaceMemory.h"
 #include "platform/Platform.h"
 
 namespace ovalia::host {
 
 using desktop::fromQt;
 using desktop::toQt;
+
+namespace {
+constexpr TextView recordGone = u"La ficha ya no existe: otro usuario la ha borrado.";
+}
 
 class MainWindow::Frame : public MainFrame {
  public:
@@ -52,7 +58,8 @@ MainWindow::MainWindow(Workplace& workplace)
   QObject::connect(pages_, &QTabWidget::tabCloseRequested, this, [this](int index) { closePage(index); });
   buildMenus();
   const int character = fontMetrics().averageCharWidth();
-  resize(QSize(character * 150, fontMetrics().height() * 40).boundedTo(screen()->availableSize()));
+  resize(QSize(character * 165, fontMetrics().height() * 40).boundedTo(screen()->availableSize()));
+  pages_->currentWidget()->setFocus();
 }
 
 MainWindow::~MainWindow() {
@@ -105,12 +112,13 @@ CardPage* MainWindow::openCard(const HostForm& form, std::int32_t record) {
     page->captionChanged = [this, page] {
       pages_->setTabText(pages_->indexOf(page), toQt(page->card().caption()));
     };
+    page->gone = [this, page] { dropPage(*page); };
     pages_->setCurrentIndex(index);
     page->setFocus();
     return page;
   } catch (const Failure& failure) {
     workplace_.dialogs.tell(form.caption, failure.number() == dao::failure::noCurrentRecord
-                                              ? u"La ficha ya no existe: otro usuario la ha borrado."
+                                              ? Text(recordGone)
                                               : u"La ficha no se puede abrir. " + failure.description());
     return nullptr;
   }
@@ -135,9 +143,20 @@ bool MainWindow::closeCard(CardPage& page) { return page.card().checkChanges() &
 
 void MainWindow::closePage(int index) {
   CardPage* page = cardAt(index);
-  if (!page || !closeCard(*page)) return;
-  pages_->removeTab(pages_->indexOf(page));
-  delete page;
+  if (page && closeCard(*page)) removePage(*page);
+}
+
+void MainWindow::removePage(CardPage& page) {
+  pages_->removeTab(pages_->indexOf(&page));
+  pages_->setCurrentWidget(listPage(page.card().form()));
+  pages_->currentWidget()->setFocus();
+  page.deleteLater();
+}
+
+// The page of a record that is no more. Under a card of one of its lists it stays until that has closed.
+void MainWindow::dropPage(CardPage& page) {
+  workplace_.dialogs.tell(page.card().form().caption, recordGone);
+  if (!QApplication::activeModalWidget()) removePage(page);
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
@@ -147,6 +166,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     pages_->setCurrentIndex(i);
     if (!closeCard(*page)) return event->ignore();
   }
+  keepPlace(*this);
   event->accept();
 }
 

@@ -21,6 +21,7 @@ class MainWindow : public QMainWindow {
   // more; the user has been told.
   CardPage* openCard(const HostForm& form, std::int32_t record);
 
+  const Agency& agency() const { return workplace_.agency; }
   ListPage* listPage(const HostForm& form);
   ObjectRef activeForm();
 
@@ -32,6 +33,8 @@ class MainWindow : public QMainWindow {
 
   void buildMenus();
   void closePage(int index);
+  void removePage(CardPage& page);
+  void dropPage(CardPage& page);
   bool closeCard(CardPage& page);
   CardPage* cardAt(int index);
   void about();

@@ -20,9 +20,18 @@ QString dateText(Date date) {
   return toQt(formatDate(date, wholeDay ? u"dd/MM/yyyy" : u"dd/MM/yyyy hh:nn", regionalNow()));
 }
 
-bool isNumber(VarType type) {
-  return type == VarType::Integer || type == VarType::Long || type == VarType::Currency ||
-         type == VarType::Byte || type == VarType::Double || type == VarType::Single;
+bool isNumber(dao::DataType type) {
+  switch (type) {
+    case dao::dbByte:
+    case dao::dbInteger:
+    case dao::dbLong:
+    case dao::dbCurrency:
+    case dao::dbSingle:
+    case dao::dbDouble:
+      return true;
+    default:
+      return false;
+  }
 }
 
 }  // namespace
@@ -44,8 +53,12 @@ void RecordsetModel::setRecordset(dao::RecordsetRef rows) {
   rows_ = std::move(rows);
   near_.clear();
   columns_.clear();
-  for (const ModelColumn& column : all_)
-    if (rows_ && rows_->fields().contains(column.field)) columns_.push_back(column);
+  numbers_.clear();
+  for (const ModelColumn& column : all_) {
+    if (!rows_ || !rows_->fields().contains(column.field)) continue;
+    columns_.push_back(column);
+    numbers_.push_back(isNumber(rows_->fields().item(column.field)->Type()));
+  }
   endResetModel();
 }
 
@@ -60,15 +73,11 @@ void RecordsetModel::reload() {
 RecordsetModel::Row RecordsetModel::read(int row) const {
   Row made;
   made.cells.resize(columns_.size());
-  made.numbers.resize(columns_.size());
   try {
     rows_->setAbsolutePosition(row);
     made.key = rows_->value(key_).toLong();
-    for (std::size_t i = 0; i < columns_.size(); ++i) {
-      const Variant value = rows_->value(columns_[i].field);
-      made.cells[i] = gridText(value);
-      made.numbers[i] = isNumber(value.type());
-    }
+    for (std::size_t i = 0; i < columns_.size(); ++i)
+      made.cells[i] = gridText(rows_->value(columns_[i].field));
   } catch (const Failure&) {
     // Another user deleted the row since the list was read; it goes at the next reload.
     made.key = 0;
@@ -102,12 +111,15 @@ int RecordsetModel::columnCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : static_cast<int>(columns_.size());
 }
 
+QVariant RecordsetModel::alignment(std::size_t column) const {
+  return QVariant(Qt::AlignVCenter | (numbers_[column] ? Qt::AlignRight : Qt::AlignLeft));
+}
+
 QVariant RecordsetModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid()) return {};
   const auto column = static_cast<std::size_t>(index.column());
   if (role == Qt::DisplayRole) return rowAt(index.row()).cells[column];
-  if (role == Qt::TextAlignmentRole)
-    return QVariant(Qt::AlignVCenter | (rowAt(index.row()).numbers[column] ? Qt::AlignRight : Qt::AlignLeft));
+  if (role == Qt::TextAlignmentRole) return alignment(column);
   return {};
 }
 
@@ -115,7 +127,7 @@ QVariant RecordsetModel::headerData(int section, Qt::Orientation orientation, in
   if (orientation != Qt::Horizontal || section < 0 || section >= columnCount()) return {};
   const auto column = static_cast<std::size_t>(section);
   if (role == Qt::DisplayRole) return columns_[column].heading;
-  if (role == Qt::TextAlignmentRole) return QVariant(Qt::AlignLeft | Qt::AlignVCenter);
+  if (role == Qt::TextAlignmentRole) return alignment(column);
   return {};
 }
 

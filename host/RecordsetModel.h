@@ -38,14 +38,15 @@ class RecordsetModel : public QAbstractTableModel {
  private:
   struct Row {
     std::vector<QString> cells;
-    std::vector<bool> numbers;
     std::int32_t key = 0;
   };
   const Row& rowAt(int row) const;
   Row read(int row) const;
+  QVariant alignment(std::size_t column) const;  // numbers to the right, under a heading to the right
 
   std::vector<ModelColumn> all_;
   std::vector<ModelColumn> columns_;
+  std::vector<bool> numbers_;
   Text key_;
   dao::RecordsetRef rows_;
   mutable QCache<int, Row> near_;

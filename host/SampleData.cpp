@@ -75,8 +75,10 @@ Variant categoriesOf(Making& m) {
   return list;
 }
 Variant accessOf(Making& m) { return m.every(6, 5) ? Variant(Null) : number(1 + m.dice.below(accessCount)); }
+// Two days later, at a whole or half hour from nine to half past six.
 double startOf(const Making& m) {
-  return m.every(41, 7) ? oldDay + 10.0 / 24 : m.created + 2 + (m.number % 18) / 48.0;
+  if (m.every(41, 7)) return oldDay + 10.0 / 24;
+  return double(std::int64_t(m.created)) + 2 + (18 + m.number % 20) / 48.0;
 }
 Variant beginning(Making& m) { return m.every(43, 9) ? Variant(Null) : Variant(Date{startOf(m)}); }
 Variant ending(Making& m) {

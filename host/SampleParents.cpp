@@ -73,7 +73,7 @@ Row property(Dice& dice, std::size_t i) {
       home.name,
       dice.of(words::streets),
       dice.oneIn(40) ? Variant(Null) : Variant(toText(1 + dice.below(180))),
-      dice.oneIn(5) ? Variant(Null) : Variant(dice.of(words::floors)),
+      home.floors.empty() || dice.oneIn(8) ? Variant(Null) : Variant(dice.of(home.floors)),
       town.postCode,
       town.name,
       static_cast<std::int16_t>(home.squareMetres + dice.below(std::size_t(home.squareMetres) * 2)),

@@ -18,10 +18,7 @@ class Dice {
 
   std::uint32_t below(std::size_t bound) { return static_cast<std::uint32_t>(next() % bound); }
   bool oneIn(std::uint32_t n) { return below(n) == 0; }
-  template <std::size_t size>
-  TextView of(const TextView (&list)[size]) {
-    return list[below(size)];
-  }
+  TextView of(std::span<const TextView> list) { return list[below(list.size())]; }
 
  private:
   std::uint64_t next() {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <span>
+
 #include "platform/Text.h"
 
 // Words from which the sample agency is made. Accents, apostrophes and bars are there on purpose: the
@@ -49,16 +51,23 @@ inline constexpr Subject subjects[] = {
     {u"Registral", {u"Notas simples", u"Cancelaciones", u"Inscripciones"}},
 };
 
+inline constexpr TextView flatFloors[] = {u"1º A", u"2º B", u"3º izda.", u"4º dcha.", u"5º, pta. 12"};
+inline constexpr TextView topFloors[] = {u"ático", u"ático izda."};
+inline constexpr TextView groundFloors[] = {u"bajo", u"bajo dcha."};
+inline constexpr TextView cellars[] = {u"sótano 1", u"sótano 2"};
+
 // What is sold, what the cheapest costs in thousands of euros, and how many thousands more the dearest does.
 struct Home {
   TextView name;
   int thousands, more;
   int squareMetres;  // of the smallest; the largest has three times as many
+  std::span<const TextView> floors;
 };
-inline constexpr Home homes[] = {{u"Piso", 90, 260, 60},         {u"Ático", 180, 320, 70},
-                                 {u"Chalé", 240, 500, 120},      {u"Local", 60, 300, 50},
-                                 {u"Dúplex", 150, 250, 85},      {u"Estudio", 55, 80, 28},
-                                 {u"Plaza de garaje", 9, 20, 10}};
+inline constexpr Home homes[] = {
+    {u"Piso", 90, 260, 60, flatFloors},      {u"Ático", 180, 320, 70, topFloors},
+    {u"Chalé", 240, 500, 120, {}},           {u"Local", 60, 300, 50, groundFloors},
+    {u"Dúplex", 150, 250, 85, topFloors},    {u"Estudio", 55, 80, 28, flatFloors},
+    {u"Plaza de garaje", 9, 20, 10, cellars}};
 inline constexpr TextView streets[] = {
     u"Calle Colón",        u"Avenida del Puerto",  u"Calle Cirilo Amorós",   u"Plaza de España",
     u"Calle Peñíscola",    u"Camino de Moncada",   u"Calle L'Eixample",      u"Avenida de Aragón",
@@ -69,7 +78,6 @@ struct Town {
 inline constexpr Town towns[] = {{u"46004", u"València"}, {u"46185", u"La Pobla de Vallbona"},
                                  {u"46370", u"Chiva"},    {u"12598", u"Peñíscola"},
                                  {u"46980", u"Paterna"},  {u"46900", u"Torrent"}};
-inline constexpr TextView floors[] = {u"1º A", u"2º B", u"3º izda.", u"ático", u"bajo", u"5º, pta. 12"};
 
 inline constexpr TextView noteSubjects[] = {
     u"Llaves del ático",       u"Cambio de precio",        u"Falta la cédula de habitabilidad",

@@ -225,6 +225,29 @@ Text createIndex(TextView tableName, std::initializer_list<TextView> columns) {
 TextView kindName(Kind kind) { return kinds[static_cast<std::size_t>(kind)].name; }
 TextView kindKey(Kind kind) { return kinds[static_cast<std::size_t>(kind)].key; }
 
+dao::DataType storedType(ColumnType type) {
+  switch (type) {
+    case ColumnType::Key:
+    case ColumnType::Long:
+      return dao::dbLong;
+    case ColumnType::Short:
+      return dao::dbInteger;
+    case ColumnType::Byte:
+      return dao::dbByte;
+    case ColumnType::Boolean:
+      return dao::dbBoolean;
+    case ColumnType::Money:
+      return dao::dbCurrency;
+    case ColumnType::DateTime:
+      return dao::dbDate;
+    case ColumnType::VarChar:
+      return dao::dbText;
+    case ColumnType::Memo:
+      return dao::dbMemo;
+  }
+  return dao::dbText;
+}
+
 std::span<const AnnotationTable> annotationTables() { return annotations; }
 
 const AnnotationTable& annotationTable(TextView name) {

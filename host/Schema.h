@@ -3,13 +3,16 @@
 #include <span>
 #include <vector>
 
-#include "platform/Text.h"
+#include "platform/dao.h"
 
 // The agency's tables as data. Names and types are those of the database object model; `createStatements`
 // turns them into an engine's text.
 namespace ovalia::host {
 
 enum class ColumnType { Key, Long, Short, Byte, Boolean, Money, DateTime, VarChar, Memo };
+
+// What the object model calls the type.
+dao::DataType storedType(ColumnType type);
 
 struct Column {
   TextView name;

@@ -6,10 +6,17 @@
 
 namespace ovalia::host {
 
-// Plays through the program without a user: opens the first property, and from it one card of each kind, and
-// writes a picture of each card and of the main window ("nota.png" ... "agencia.png") and a transcript
-// ("transcript.txt") to the folder. True when every card opened and no box came up; what came up stands in
-// the transcript.
+// Plays through the program without a user: opens the first property, and from it, for each kind of
+// annotation, looks at a card, changes and saves it, tries to save over another user's write, creates an
+// annotation and searches one. It writes into the window's database. The folder gets the pictures
+// ("agencia.png", "nota.png", "nota-cambiada.png", "nota-pregunta.png", "nota-rechazada.png",
+// "nota-nueva.png", "nota-encontrada.png" and so for "visita", "anuncio", "llamada") and the transcript
+// ("transcript.txt"), which says what the database held before and after each step. True when everything went
+// as expected; what did not stands in the transcript behind "AVISO:".
 bool playTour(MainWindow& window, const std::filesystem::path& folder);
+
+// A copy of an agency's file and of its documents in the folder, for a tour to write into. StartFailure when
+// it cannot be made.
+std::filesystem::path copyForTour(const std::filesystem::path& database, const std::filesystem::path& folder);
 
 }  // namespace ovalia::host

@@ -1,10 +1,11 @@
-#include <QApplication>
 #include <cstdlib>
 #include <iostream>
 
 #include "component/CNota.h"
 #include "desktop/Surroundings.h"
+#include "host/Application.h"
 #include "host/MainWindow.h"
+#include "host/PlaceMemory.h"
 #include "host/QtDialogs.h"
 #include "host/Tour.h"
 
@@ -23,12 +24,28 @@ int refuse(const Text& message, bool box) {
   return failed;
 }
 
-int run(const StartOptions& options, desktop::Surroundings& here) {
+// What the toolkit says of a screen that is none helps nobody.
+void leaveOutScreenWarnings() {
+  static const QtMessageHandler usual = qInstallMessageHandler(nullptr);
+  qInstallMessageHandler([](QtMsgType type, const QMessageLogContext& context, const QString& message) {
+    if (message.startsWith(QStringLiteral("This plugin does not support"))) return;
+    if (usual) return usual(type, context, message);
+    std::cerr << message.toStdString() << '\n';
+  });
+}
+
+// A tour works on a copy: it writes.
+Agency chosenAgency(const StartOptions& options, Platform& platform) {
   const auto file = prepareDatabase(options);
-  Platform& platform = here.platform();
   const Text user = platform.settings->get(platform.app.title, u"Settings", u"Usuario", u"");
+  Agency agency = openAgency(file, user);
+  return options.tour ? openAgency(copyForTour(file, *options.tour), user) : agency;
+}
+
+int run(const StartOptions& options, desktop::Surroundings& here) {
   QtDialogs dialogs;
-  Workplace workplace{openAgency(file, user), dialogs, {}, {}};
+  Workplace workplace{chosenAgency(options, here.platform()), dialogs, {}, {}};
+  const std::filesystem::path& file = workplace.agency.file;
   CNota::cgDB(workplace.agency.database);
   CNota::PathDB(fromUtf8(file.native()));
   CNota::ErrLogPath(fromUtf8((file.parent_path() / "ErrLog[_].txt").native()));
@@ -42,8 +59,10 @@ int run(const StartOptions& options, desktop::Surroundings& here) {
                      }});
   int result = 0;
   if (options.tour) {
+    leaveOutScreenWarnings();
     result = playTour(window, *options.tour) ? 0 : failed;
   } else {
+    restorePlace(window);
     window.show();
     result = QApplication::exec();
   }
@@ -73,7 +92,7 @@ int main(int argc, char** argv) {
   if (!options.tour && !hasScreen() && qEnvironmentVariable("QT_QPA_PLATFORM") == QStringLiteral("offscreen"))
     return refuse(u"No hay pantalla. Use --tour CARPETA para ver el programa sin ella.", false);
 
-  QApplication application(argc, argv);
+  Application application(argc, argv);
   AppInfo about;
   about.title = u"Agencia";
   desktop::Surroundings here(about);
@@ -81,7 +100,7 @@ int main(int argc, char** argv) {
     return run(options, here);
   } catch (const StartFailure& failure) {
     return refuse(failure.message, !options.tour);
-  } catch (const Failure& failure) {
-    return refuse(failure.description(), !options.tour);
+  } catch (...) {
+    return refuse(currentFailure().description(), !options.tour);
   }
 }

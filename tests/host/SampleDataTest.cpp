@@ -63,7 +63,7 @@ class SampleData : public HostTest {
 TEST(SampleRows, are_the_same_to_the_letter_every_time) {
   const Summary first = summaryOf(sampleAnnotations), second = summaryOf(sampleAnnotations);
   EXPECT_EQ(first.hash, second.hash);
-  EXPECT_EQ(first.hash, 16483619026673589093u);
+  EXPECT_EQ(first.hash, 16670828576505560175u);
 }
 
 TEST(SampleRows, number_what_was_asked_for) {
@@ -127,6 +127,18 @@ TEST_F(SampleData, has_days_that_print_like_no_date) {
   EXPECT_GT(count(u"NotaIP WHERE FechaAviso = #12/30/99 00:00:00#"), 0);
 }
 
+TEST_F(SampleData, is_believable_to_people_of_the_trade) {
+  EXPECT_EQ(count(u"Inmueble WHERE TipoInm = 'Chalé' AND Piso Is Not Null"), 0);
+  EXPECT_EQ(count(u"Inmueble WHERE TipoInm = 'Local' AND Not Piso Like 'bajo*'"), 0);
+  const auto visits = database().OpenRecordset(
+      u"SELECT FechaComienzo FROM VisitaIP WHERE FechaComienzo Is Not Null", dao::dbOpenSnapshot);
+  for (; !visits->isEOF(); visits->MoveNext()) {
+    const DateParts start = partsOf(visits->value(u"FechaComienzo").toDate());
+    EXPECT_TRUE(start.hour >= 9 && start.hour < 19 && start.minute % 30 == 0 && start.second == 0)
+        << start.hour << ":" << start.minute << ":" << start.second;
+  }
+}
+
 TEST_F(SampleData, has_long_notes) { EXPECT_GT(one(u"SELECT Max(Len(Notas)) FROM NotaIP").toLong(), 4000); }
 
 TEST_F(SampleData, no_two_clients_and_no_two_users_share_a_name) {
@@ -183,6 +195,40 @@ TEST(SampleFileMaking, makes_the_folders_on_the_way) {
   const kit::TemporaryFolder folder;
   makeDatabaseFile(folder.path() / "datos" / "de" / "casa" / "agencia.db", 10);
   EXPECT_TRUE(folder.has("datos/de/casa/agencia.db"));
+}
+
+TEST(SampleFileCopying, takes_along_what_is_not_yet_in_the_file_itself) {
+  const kit::TemporaryFolder folder;
+  const std::filesystem::path original = sampleFile(folder.path(), 20),
+                              copy = folder.path() / "copias" / "otra.db";
+  const Agency agency = openAgency(original, u"");
+  agency.database->Execute(u"UPDATE Usuario SET Cargo = 'Recién escrito' WHERE IdUsuario = 1");
+  folder.putFile("copias/otra.db", "lo que había");
+  copyDatabaseFile(original, copy);
+  const auto rows = openAgency(copy, u"").database->OpenRecordset(
+      u"SELECT Cargo FROM Usuario WHERE IdUsuario = 1", dao::dbOpenSnapshot);
+  EXPECT_EQ(rows->value(u"Cargo").text(), u"Recién escrito");
+}
+
+TEST(SampleFileCopying, that_fails_says_why) {
+  const kit::TemporaryFolder folder;
+  const std::filesystem::path original = sampleFile(folder.path(), 20);
+  folder.putFile("ocupado");
+  try {
+    copyDatabaseFile(original, folder.path() / "ocupado" / "otra.db");
+    ADD_FAILURE();
+  } catch (const Failure& failure) {
+    EXPECT_NE(failure.description().find(u"no es una carpeta"), Text::npos);
+  }
+}
+
+TEST(SampleFileCopying, of_a_folder_takes_all_that_is_in_it) {
+  const kit::TemporaryFolder folder;
+  folder.putFile("de/Doc0/1F00.txt", "uno");
+  copyFolder(folder.path() / "de", folder.path() / "a");
+  EXPECT_EQ(folder.content("a/Doc0/1F00.txt"), "uno");
+  copyFolder(folder.path() / "nada", folder.path() / "b");
+  EXPECT_FALSE(folder.has("b"));
 }
 
 }  // namespace ovalia::host

@@ -4,11 +4,13 @@
 
 #include <gtest/gtest.h>
 
+#include "host/Application.h"
+
 namespace ovalia::host {
 
 namespace {
 
-std::unique_ptr<QApplication> made;
+std::unique_ptr<Application> made;
 
 // The toolkit must end while its own statics still stand, so not at the program's exit.
 class EndOfToolkit : public testing::EmptyTestEventListener {
@@ -23,7 +25,7 @@ QApplication& application() {
   static char* arguments[] = {name, nullptr};
   if (!made) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    made = std::make_unique<QApplication>(count, arguments);
+    made = std::make_unique<Application>(count, arguments);
     testing::UnitTest::GetInstance()->listeners().Append(new EndOfToolkit);
   }
   return *made;

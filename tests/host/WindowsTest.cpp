@@ -1,12 +1,15 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QScreen>
+#include <QTest>
 #include <chrono>
 #include <set>
 
 #include "desktop/QtText.h"
 #include "host/BulkFile.h"
 #include "host/MainWindow.h"
+#include "host/PlaceMemory.h"
 #include "tests/host/HostTest.h"
 #include "tests/host/Toolkit.h"
 
@@ -68,6 +71,19 @@ TEST_F(Grid, writes_values_as_a_reader_wants_them) {
   EXPECT_EQ(gridText(false), "");
   EXPECT_EQ(gridText(Currency{1234567500}), "123.457");
   EXPECT_EQ(gridText(u"primera\r\nsegunda"), "primera");
+}
+
+TEST_F(Grid, puts_numbers_and_their_headings_to_the_right) {
+  model.setRecordset(notes());
+  const auto right = [&](int column) {
+    const auto of = [](const QVariant& alignment) { return (alignment.toInt() & Qt::AlignRight) != 0; };
+    const bool heading = of(model.headerData(column, Qt::Horizontal, Qt::TextAlignmentRole));
+    EXPECT_EQ(heading, of(model.data(model.index(0, column), Qt::TextAlignmentRole)));
+    return heading;
+  };
+  EXPECT_FALSE(right(0));
+  EXPECT_FALSE(right(1));
+  EXPECT_TRUE(right(2));
 }
 
 TEST_F(Grid, opens_the_current_row_on_enter_and_double_click) {
@@ -142,6 +158,33 @@ TEST_F(Window, begins_on_the_list_of_properties) {
   EXPECT_EQ(window->listPage(hostForm(u"FichaInm"))->grid().rows().rowCount(), 300);
 }
 
+TEST_F(Window, begins_in_the_search_from_which_the_arrows_walk_the_list) {
+  window->activateWindow();
+  QApplication::processEvents();
+  ListPage& page = *window->listPage(hostForm(u"FichaInm"));
+  auto* box = page.findChild<QLineEdit*>("txtBuscar");
+  EXPECT_EQ(QApplication::focusWidget(), box);
+  const std::int32_t first = page.grid().currentKey();
+  press(*box, Qt::Key_Down);
+  EXPECT_NE(page.grid().currentKey(), first);
+  press(*box, Qt::Key_Up);
+  EXPECT_EQ(page.grid().currentKey(), first);
+  press(*box, Qt::Key_Return);
+  EXPECT_EQ(getMember(window->activeForm(), u"Caption").toText(), u"Inmueble V-1001");
+}
+
+TEST_F(Window, the_letter_of_a_page_leads_into_its_grid_also_when_it_is_there_already) {
+  window->activateWindow();
+  CardPage& page = open(u"FichaInm");
+  QApplication::processEvents();
+  auto* floor = page.findChild<QLineEdit*>("txtPiso");
+  floor->setFocus();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+  QTest::keyClick(floor, Qt::Key_N, Qt::AltModifier);
+  QApplication::processEvents();
+  EXPECT_EQ(QApplication::focusWidget(), &page.pane(u"grdNota")->grid());
+}
+
 TEST_F(Window, finds_as_one_types_and_opens_the_first_on_enter) {
   ListPage& page = *window->listPage(hostForm(u"FichaInm"));
   auto* box = page.findChild<QLineEdit*>("txtBuscar");
@@ -164,6 +207,58 @@ TEST_F(Window, tells_when_a_record_is_gone) {
   EXPECT_EQ(window->openCard(hostForm(u"FichaInm"), 99999), nullptr);
   ASSERT_EQ(dialogs.told.size(), 1u);
   EXPECT_NE(dialogs.told[0].find(u"otro usuario la ha borrado"), Text::npos);
+}
+
+TEST_F(Window, closes_the_card_of_a_record_that_another_user_deleted) {
+  database().Execute(u"INSERT INTO Inmueble (Referencia) VALUES ('V-9999')");
+  const std::int32_t record = one(u"SELECT Max(IdInm) FROM Inmueble").toLong();
+  CardPage& page = open(u"FichaInm", record);
+  database().Execute(u"DELETE FROM Inmueble WHERE IdInm = " + toText(record));
+  page.card().reload();
+  ASSERT_EQ(dialogs.told.size(), 1u);
+  EXPECT_EQ(dialogs.told[0], u"Inmueble: La ficha ya no existe: otro usuario la ha borrado.");
+  EXPECT_EQ(getMember(window->activeForm(), u"Name").toText(), u"ListaInm");
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+TEST_F(Window, tells_what_its_work_lets_escape_and_goes_on) {
+  CardPage& page = open(u"FichaInm");
+  auto* floor = page.findChild<QLineEdit*>("txtPiso");
+  database().Execute(u"PRAGMA foreign_keys = OFF");
+  database().Execute(u"DELETE FROM Inmueble WHERE IdInm = 1");
+  here.screen.expectBoxLike(u"No se ha podido terminar lo que ha pedido.", u"", 48, u"", 1);
+  here.expectLogEntry(u"Agencia", dao::failure::recordDeleted);
+  QKeyEvent typed(QEvent::KeyPress, Qt::Key_7, Qt::NoModifier, "7");
+  QApplication::sendEvent(floor, &typed);
+  EXPECT_TRUE(window->isVisible());
+}
+
+TEST_F(Window, comes_back_where_it_was_closed) {
+  window->setGeometry(120, 90, 640, 420);
+  ASSERT_TRUE(window->close());
+  MainWindow again(workplace);
+  restorePlace(again);
+  EXPECT_EQ(again.size(), QSize(640, 420));
+  EXPECT_EQ(again.pos(), window->pos());
+  EXPECT_FALSE(again.isMaximized());
+}
+
+TEST_F(Window, stays_on_the_screen_whatever_its_settings_say) {
+  const QSize first = window->size();
+  for (const TextView nonsense : {u"abajo", u"", u"1e99", u"-"}) {
+    for (const TextView key : {u"Left", u"Top", u"Width", u"Height", u"Estado"})
+      here.settings.save(u"Agencia", u"MainWindow", key, nonsense);
+    restorePlace(*window);
+    EXPECT_EQ(window->size(), first) << toUtf8(nonsense);
+  }
+  for (const TextView number : {u"-90000", u"90000"}) {
+    for (const TextView key : {u"Left", u"Top", u"Width", u"Height"})
+      here.settings.save(u"Agencia", u"MainWindow", key, number);
+    restorePlace(*window);
+    const QRect room = window->screen()->availableGeometry();
+    EXPECT_TRUE(room.contains(window->pos())) << toUtf8(number);
+    EXPECT_EQ(window->size().boundedTo(room.size()), window->size()) << toUtf8(number);
+  }
 }
 
 TEST_F(Window, shows_the_record_and_stores_what_is_typed) {
