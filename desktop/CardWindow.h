@@ -37,6 +37,9 @@ class CardWindow : public QWidget {
   void followFocus();
   void popUp(TextView menu, const std::optional<forms::Point>& at);
 
+  // What the user has typed half-way goes to the form.
+  void commit();
+
   bool eventFilter(QObject* object, QEvent* event) override;
 
  protected:
@@ -53,7 +56,6 @@ class CardWindow : public QWidget {
   ControlWidget* widgetAt(QWidget* widget) const;
   ControlWidget* activeWidget() const;
 
-  void commit();
   bool mousePressed(QWidget& receiver);
   bool keyPressed(QWidget& receiver, QKeyEvent& event);
   void focusArrived(QWidget& receiver);

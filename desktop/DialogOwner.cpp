@@ -6,7 +6,11 @@
 namespace ovalia::desktop {
 
 QWidget* dialogOwner() {
-  for (QWidget* window : {QApplication::activeModalWidget(), QApplication::activeWindow()})
+  QWidget* modal = QApplication::activeModalWidget();
+  QWidget* active = QApplication::activeWindow();
+  // A window that belongs to the modal one is as free as that, and above it.
+  if (modal && active && active->parentWidget() && active->parentWidget()->window() == modal) modal = active;
+  for (QWidget* window : {modal, active})
     if (window && window->isVisible()) return window;
   return nullptr;
 }

@@ -1,7 +1,9 @@
 #include "desktop/SearchDialog.h"
 
 #include <QAccessible>
+#include <QAction>
 #include <QApplication>
+#include <QEventLoop>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -9,10 +11,12 @@
 #include <QScreen>
 #include <QShortcut>
 #include <QVBoxLayout>
+#include <QWindow>
 #include <algorithm>
 #include <array>
 #include <optional>
 
+#include "desktop/CardWindow.h"
 #include "desktop/LineEnds.h"
 #include "desktop/QtText.h"
 #include "desktop/Scale.h"
@@ -51,7 +55,22 @@ constexpr std::array periods{
     PeriodRow{u"El día", true, true, false}, PeriodRow{u"Desde el", true, false, false},
     PeriodRow{u"Hasta el", false, true, false}, PeriodRow{u"Entre el", true, false, true}};
 
+// The command of a card that there is something to do for while it has unsaved changes.
+constexpr TextView saveTool = u"ID_Guardar";
+
 QString caption(const char16_t* text) { return toQt(TextView(text)); }
+
+// The window keeps its size whatever it shows.
+void keepPlace(QWidget& part) {
+  QSizePolicy policy = part.sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  part.setSizePolicy(policy);
+}
+
+void sayAloud(QWidget& part) {
+  QAccessibleEvent said(&part, QAccessible::Alert);
+  QAccessible::updateAccessibility(&said);
+}
 
 std::optional<Date> given(Date day) {
   if (day.days == 0) return std::nullopt;
@@ -60,15 +79,62 @@ std::optional<Date> given(Date day) {
 
 }  // namespace
 
-SearchDialog::SearchDialog(std::vector<SearchField> fields, Step step, SearchWish& wish, QWidget* owner)
-    : QDialog(owner), fields_(std::move(fields)), step_(std::move(step)), wish_(wish) {
+SearchDialog::SearchDialog(std::vector<SearchField> fields, ObjectRef card, SearchWish& wish, QWidget* owner)
+    : QDialog(owner), fields_(std::move(fields)), card_(std::move(card)), wish_(wish), kept_(wish) {
   setWindowTitle(QStringLiteral("Buscar"));
   setWindowModality(Qt::ApplicationModal);
   setObjectName(QStringLiteral("buscador"));
   build();
   showWish();
-  if (owner) placeBeside(*owner);
+  if (owner) followOwner(*owner);
 }
+
+SearchDialog* SearchDialog::of(const ObjectRef& card) {
+  for (QWidget* window : QApplication::topLevelWidgets())
+    if (auto* dialog = dynamic_cast<SearchDialog*>(window);
+        dialog && dialog->isVisible() && dialog->card_ == card)
+      return dialog;
+  return nullptr;
+}
+
+// Not `exec`: that makes every dialog modal.
+void SearchDialog::run() {
+  QEventLoop loop;
+  connect(this, &QDialog::finished, &loop, &QEventLoop::quit);
+  connect(this, &QObject::destroyed, &loop, &QEventLoop::quit);
+  bringToFront();
+  loop.exec();
+}
+
+void SearchDialog::bringToFront() {
+  showNormal();
+  raise();
+  activateWindow();
+  focusInput();
+}
+
+void SearchDialog::done(int result) {
+  const bool active = isActiveWindow();
+  QDialog::done(result);
+  if (active && parentWidget() && parentWidget()->isVisible()) parentWidget()->activateWindow();
+}
+
+void SearchDialog::followOwner(QWidget& owner) {
+  placeBeside(owner);
+  owner.installEventFilter(this);
+  if (const auto* save = owner.findChild<QAction*>(toQt(saveTool))) {
+    const auto follow = [this, save] { warn(save->isEnabled()); };
+    connect(save, &QAction::changed, this, follow);
+    follow();
+  }
+  if (!owner.isModal()) return;
+  setWindowModality(Qt::NonModal);
+  auto* turning = new QShortcut(QKeySequence(Qt::Key_F6), this);
+  turning->setContext(Qt::ApplicationShortcut);
+  connect(turning, &QShortcut::activated, this, [this] { turn(); });
+}
+
+void SearchDialog::turn() { (isActiveWindow() ? parentWidget() : this)->activateWindow(); }
 
 void SearchDialog::build() {
   const Scale scale = Scale::of(*this);
@@ -117,22 +183,17 @@ void SearchDialog::build() {
   row->addStretch();
   grid->addWidget(days_, 2, 1);
 
-  // The window keeps its size whatever it asks for.
   for (QWidget* part : std::initializer_list<QWidget*>{textLabel_, text_, whole_, accents_, periodLabel_,
-                                                       period_, days_, andLabel_, second_}) {
-    QSizePolicy policy = part->sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    part->setSizePolicy(policy);
-  }
-
-  message_ = new QLabel(this);
-  message_->setObjectName(QStringLiteral("mensaje"));
-  message_->setTextFormat(Qt::PlainText);
-  message_->setWordWrap(true);
-  message_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-  message_->setMinimumHeight(2 * message_->fontMetrics().lineSpacing());
+                                                       period_, days_, andLabel_, second_})
+    keepPlace(*part);
   grid->setRowStretch(4, 1);
+  message_ = addLines("mensaje");
   grid->addWidget(message_, 5, 0, 1, 2);
+  warning_ = addLines("aviso");
+  warning_->setText(QStringLiteral("La ficha tiene cambios sin guardar: el próximo paso los olvida."));
+  warning_->setVisible(false);
+  keepPlace(*warning_);
+  grid->addWidget(warning_, 6, 0, 1, 2);
 
   auto* column = new QVBoxLayout;
   buildButtons(*column);
@@ -141,6 +202,16 @@ void SearchDialog::build() {
   whole->addSpacing(8);
   whole->addLayout(column);
   whole->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+QLabel* SearchDialog::addLines(const char* name) {
+  auto* lines = new QLabel(this);
+  lines->setObjectName(QString::fromLatin1(name));
+  lines->setTextFormat(Qt::PlainText);
+  lines->setWordWrap(true);
+  lines->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+  lines->setMinimumHeight(2 * lines->fontMetrics().lineSpacing());
+  return lines;
 }
 
 void SearchDialog::buildButtons(QVBoxLayout& column) {
@@ -188,16 +259,18 @@ void SearchDialog::showWish() {
   period_->setCurrentIndex(wish_.period);
   periodChosen();
   fieldChosen();
-  QWidget* input = field().date ? static_cast<QWidget*>(first_->editor()) : text_;
-  input->setFocus();
-  text_->selectAll();
-  first_->editor()->selectAll();
 
   connect(field_, &QComboBox::currentIndexChanged, this, [this] { fieldChosen(), changed(); });
   connect(text_, &QLineEdit::textChanged, this, [this] { changed(); });
   connect(whole_, &QCheckBox::toggled, this, [this] { changed(); });
   connect(accents_, &QCheckBox::toggled, this, [this] { changed(); });
   connect(period_, &QComboBox::currentIndexChanged, this, [this] { periodChosen(), changed(); });
+}
+
+void SearchDialog::focusInput() {
+  QLineEdit* input = field().date ? first_->editor() : text_;
+  input->setFocus();
+  input->selectAll();
 }
 
 const SearchField& SearchDialog::field() const {
@@ -225,6 +298,7 @@ void SearchDialog::changed() {
   wish_.wholeField = whole_->isChecked();
   wish_.anyAccents = accents_->isChecked();
   wish_.period = period_->currentIndex();
+  kept_ = wish_;
   toFirst_->setDefault(true);
   tell({});
 }
@@ -254,13 +328,21 @@ bool SearchDialog::complete() {
   return true;
 }
 
+// What is half typed on the card belongs to the row that the step leaves.
+bool SearchDialog::step(SearchMode mode) {
+  const Text wanted = criterion();
+  const ObjectRef card = card_;
+  if (auto* window = dynamic_cast<CardWindow*>(parentWidget())) window->commit();
+  return callMember(card, u"BuscarElemento", {std::int16_t(mode), wanted}).toBoolean();
+}
+
 void SearchDialog::search(SearchMode mode) {
   if (!complete()) return;
   // A step may end with the card, and the dialog goes with its window.
   const QPointer<SearchDialog> self(this);
   bool found = false;
   try {
-    found = step_(mode, criterion());
+    found = step(mode);
     if (!self) return;
   } catch (...) {
     const Failure failure = currentFailure();
@@ -280,13 +362,19 @@ void SearchDialog::search(SearchMode mode) {
 
 void SearchDialog::tell(TextView message) {
   message_->setText(toQt(message));
-  if (message.empty()) return;
-  QAccessibleEvent said(message_, QAccessible::Alert);
-  QAccessible::updateAccessibility(&said);
+  if (!message.empty()) sayAloud(*message_);
 }
 
-// The pickers' own keys; what was typed counts when the user goes on.
+void SearchDialog::warn(bool unsaved) {
+  if (unsaved == !warning_->isHidden()) return;
+  warning_->setVisible(unsaved);
+  if (unsaved) sayAloud(*warning_);
+}
+
+// The owner's going, and the pickers' own keys; what was typed counts when the user goes on.
 bool SearchDialog::eventFilter(QObject* object, QEvent* event) {
+  // Minimising the owner is no going: that comes from the window system.
+  if (object == parentWidget() && event->type() == QEvent::Hide && !event->spontaneous()) reject();
   for (PickerEdit* picker : {first_, second_}) {
     if (!picker || object != picker->editor()) continue;
     if (event->type() == QEvent::FocusOut) {
@@ -301,7 +389,8 @@ bool SearchDialog::eventFilter(QObject* object, QEvent* event) {
 }
 
 void SearchDialog::placeBeside(const QWidget& owner) {
-  const QRect frame = owner.frameGeometry();
+  // The widget may not have learned yet what frame its window has been given.
+  const QRect frame = owner.windowHandle() ? owner.windowHandle()->frameGeometry() : owner.frameGeometry();
   const QSize border = frame.size() - owner.size();
   move(desktop::placeBeside(frame, sizeHint() + border, owner.screen()->availableGeometry()));
 }

@@ -28,15 +28,13 @@ std::vector<SearchField> fieldsOf(const Variant& array) {
 }
 
 void show(Object& dialog, SearchWish& wish) {
-  const Variant card = dialog.get(u"VentanaJefa");
-  const ObjectRef found = card.isObject() ? card.toObject() : nullptr;
-  deref(found);
-  const auto search = [found](SearchMode mode, const Text& criterion) {
-    return callMember(found, u"BuscarElemento", {std::int16_t(mode), criterion}).toBoolean();
-  };
+  const Variant given = dialog.get(u"VentanaJefa");
+  const ObjectRef card = given.isObject() ? given.toObject() : nullptr;
+  deref(card);
+  if (SearchDialog* there = SearchDialog::of(card)) return there->bringToFront();
   const QPointer<SearchDialog> window =
-      new SearchDialog(fieldsOf(dialog.get(u"BuscarEn")), search, wish, dialogOwner());
-  window->exec();
+      new SearchDialog(fieldsOf(dialog.get(u"BuscarEn")), card, wish, dialogOwner());
+  window->run();
   delete window;
 }
 

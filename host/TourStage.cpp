@@ -45,6 +45,16 @@ QString textIn(QWidget& drawn) {
   return line ? line->text() : QString();
 }
 
+// The dialog that the user has before them: a modal one, else one that stands beside its card.
+QDialog* dialogUp() {
+  QWidget* modal = QApplication::activeModalWidget();
+  if (!modal) return nullptr;
+  if (auto* dialog = qobject_cast<QDialog*>(modal)) return dialog;
+  for (auto* dialog : modal->findChildren<QDialog*>(Qt::FindDirectChildrenOnly))
+    if (dialog->isVisible()) return dialog;
+  return nullptr;
+}
+
 void click(QWidget& drawn) {
   auto* area = qobject_cast<QAbstractScrollArea*>(&drawn);
   QWidget* aimed = area ? area->viewport() : &drawn;
@@ -195,7 +205,7 @@ void TourStage::meet(Meeting meeting, const std::function<void()>& doing) {
 
 // The handling waits for the event loop, so that the watch goes on meanwhile.
 void TourStage::look() {
-  auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+  QDialog* dialog = dialogUp();
   if (!dialog || !dialog->isVisible()) {
     met_ = nullptr;
     return;
@@ -229,7 +239,7 @@ void TourStage::pictureOf(QWidget& window, const std::string& name) {
 
 void TourStage::picture(const std::string& name) {
   QList<QWidget*> windows;
-  for (QWidget* each : {window(), QApplication::activeModalWidget()})
+  for (QWidget* each : {window(), static_cast<QWidget*>(dialogUp())})
     if (each && !windows.contains(each)) windows.append(each);
   QRect whole;
   for (const QWidget* each : windows) whole |= each->geometry();

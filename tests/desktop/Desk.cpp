@@ -1,12 +1,9 @@
 #include "tests/desktop/Desk.h"
 
-#include <QComboBox>
 #include <QDir>
-#include <QElapsedTimer>
-#include <QPlainTextEdit>
 #include <QTimer>
 
-#include "desktop/PickerEdit.h"
+#include "tests/deskkit/Cards.h"
 
 namespace ovalia::desktop {
 
@@ -44,17 +41,6 @@ const testing::Environment* toolkit = testing::AddGlobalTestEnvironment(new Tool
 }  // namespace
 
 QString qname(TextView name) { return toQt(name); }
-
-bool eventually(const std::function<bool()>& condition) {
-  QElapsedTimer clock;
-  clock.start();
-  while (!condition()) {
-    if (clock.elapsed() > 5000) return false;
-    QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-  }
-  return true;
-}
 
 void key(QWidget* widget, int code, Qt::KeyboardModifiers modifiers, const QString& text) {
   QKeyEvent press(QEvent::KeyPress, code, modifiers, text);
@@ -96,31 +82,10 @@ void DeskTest::whileShown(forms::Form& form, const std::function<void()>& action
   EXPECT_TRUE(ran);
 }
 
-CardWindow* DeskTest::windowOf(const forms::Form& form) {
-  for (QWidget* window : QApplication::topLevelWidgets())
-    if (window->objectName() == qname(form.Name()))
-      if (auto* card = dynamic_cast<CardWindow*>(window)) return card;
-  return nullptr;
-}
-
-QWidget* DeskTest::widget(const forms::Form& form, TextView name) {
-  CardWindow* window = windowOf(form);
-  return window ? window->findChild<QWidget*>(qname(name)) : nullptr;
-}
-
-QWidget* DeskTest::target(const forms::Form& form, TextView name) {
-  QWidget* found = widget(form, name);
-  if (auto* picker = dynamic_cast<PickerEdit*>(found)) return picker->editor();
-  return found;
-}
-
-QString DeskTest::shown(const forms::Form& form, TextView name) {
-  QWidget* found = target(form, name);
-  if (auto* line = qobject_cast<QLineEdit*>(found)) return line->text();
-  if (auto* lines = qobject_cast<QPlainTextEdit*>(found)) return lines->toPlainText();
-  if (auto* combo = qobject_cast<QComboBox*>(found)) return combo->currentText();
-  return {};
-}
+CardWindow* DeskTest::windowOf(const forms::Form& form) { return deskkit::windowOf(form); }
+QWidget* DeskTest::widget(const forms::Form& form, TextView name) { return deskkit::widgetOf(form, name); }
+QWidget* DeskTest::target(const forms::Form& form, TextView name) { return deskkit::inputOf(form, name); }
+QString DeskTest::shown(const forms::Form& form, TextView name) { return deskkit::shownIn(form, name); }
 
 Text DeskTest::active(forms::Form& form) {
   const auto control = form.ActiveControl();

@@ -16,6 +16,7 @@
 #include "desktop/CardWindow.h"
 #include "desktop/QtText.h"
 #include "forms/CardForm.h"
+#include "tests/deskkit/Keyboard.h"
 #include "tests/kit/TestPlatform.h"
 
 namespace ovalia::desktop {
@@ -23,8 +24,7 @@ namespace ovalia::desktop {
 // A control's or tool's name as the toolkit writes it.
 QString qname(TextView name);
 
-// Runs the event loop until the condition holds; false when it does not within a few seconds.
-bool eventually(const std::function<bool()>& condition);
+using deskkit::eventually;
 
 // A key with its text, of any alphabet.
 void key(QWidget* widget, int code, Qt::KeyboardModifiers modifiers = Qt::NoModifier,

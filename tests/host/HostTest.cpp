@@ -2,6 +2,7 @@
 
 #include "host/BulkFile.h"
 #include "host/Contract.h"
+#include "routines/SqlText.h"
 
 namespace ovalia::host {
 
@@ -81,6 +82,17 @@ HostTest::HostTest() : workplace{openAgency(sampleFile(folder.path(), 2500), u""
 
 Variant HostTest::one(TextView sql) {
   return database().OpenRecordset(sql, dao::dbOpenSnapshot)->fields().at(0)->Value();
+}
+
+std::int32_t HostTest::addProperty() {
+  database().Execute(u"INSERT INTO Inmueble (Referencia) VALUES ('V-NUEVO')");
+  return one(u"SELECT Max(IdInm) FROM Inmueble").toLong();
+}
+
+std::int32_t HostTest::addNote(std::int32_t property, TextView subject, Date created) {
+  database().Execute(u"INSERT INTO NotaIP (IdInm, IdUsuario, Asunto, FechaAlta) VALUES (" + toText(property) +
+                     u", 1, " + ComillaSQL(subject) + u", " + VDate(created, false) + u")");
+  return one(u"SELECT Max(IdNota) FROM NotaIP").toLong();
 }
 
 }  // namespace ovalia::host

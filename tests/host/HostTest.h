@@ -52,6 +52,10 @@ class HostTest : public kit::LogicTest {
   // The one value of a statement.
   Variant one(TextView sql);
 
+  // A property of its own, and a note on it; both give the key.
+  std::int32_t addProperty();
+  std::int32_t addNote(std::int32_t property, TextView subject, Date created = Date{45292});
+
   kit::TemporaryFolder folder;
   ReadyDialogs dialogs;
   Workplace workplace;

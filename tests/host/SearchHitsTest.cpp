@@ -1,22 +1,7 @@
-// The search dialog's conditions on the engine's own ground, and the dialog over a card of the agency.
-#include <QComboBox>
-#include <QKeyEvent>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPointer>
-#include <QTimer>
-
-#include "desktop/CardView.h"
-#include "desktop/QtText.h"
+// The search dialog's conditions on the engine's own ground.
 #include "desktop/SearchCriterion.h"
-#include "desktop/SearchDialog.h"
-#include "desktop/SearchDialogObject.h"
-#include "host/AnnotationList.h"
-#include "host/Contract.h"
-#include "host/MainWindow.h"
-#include "routines/SqlText.h"
+#include "host/Queries.h"
 #include "tests/host/HostTest.h"
-#include "tests/host/Toolkit.h"
 
 namespace ovalia::host {
 
@@ -31,19 +16,10 @@ using Subjects = std::vector<Text>;
 // A property whose notes have the given subjects and days of creation, in that order.
 class Hits : public HostTest {
  protected:
-  Hits() {
-    database().Execute(u"INSERT INTO Inmueble (Referencia) VALUES ('V-NUEVO')");
-    property = one(u"SELECT Max(IdInm) FROM Inmueble").toLong();
-  }
-
   void given(const Subjects& subjects) {
-    for (const Text& subject : subjects) add(subject, Date{45292});
+    for (const Text& subject : subjects) addNote(property, subject);
   }
-  void add(const Text& subject, Date created) {
-    database().Execute(u"INSERT INTO NotaIP (IdInm, IdUsuario, Asunto, FechaAlta) VALUES (" +
-                       toText(property) + u", 1, " + ComillaSQL(subject) + u", " + VDate(created, false) +
-                       u")");
-  }
+  void add(TextView subject, Date created) { addNote(property, subject, created); }
 
   dao::RecordsetRef notes() {
     return database().OpenRecordset(listQuery(list(u"FichaInm", u"grdNota"), property));
@@ -64,7 +40,7 @@ class Hits : public HostTest {
     return found(textCriterion(u"Asunto", wanted, true, anyAccents));
   }
 
-  std::int32_t property = 0;
+  std::int32_t property = addProperty();
 };
 
 TEST_F(Hits, of_a_part_and_of_the_whole_field_without_regard_to_case) {
@@ -146,79 +122,6 @@ TEST_F(Hits, of_days_of_other_centuries_and_of_days_without_a_date) {
   EXPECT_EQ(found(dateCriterion(u"FechaAlta", {}, dateFrom({9999, 12, 31}))),
             (Subjects{u"antigua", u"nueva"}));
   EXPECT_EQ(found(dateCriterion(u"FechaActualizacion", {}, dateFrom({9999, 12, 31}))), Subjects{});
-}
-
-// The dialog opened from the card's own menu.
-class SearchInTheAgency : public Hits {
- protected:
-  SearchInTheAgency() {
-    application();
-    here.screen.activeFormOf = [] { return ObjectRef(forms::Runtime::current().activeForm()); };
-    here.screen.yielding = [] { QCoreApplication::processEvents(); };
-    CNota::cgDB(workplace.agency.database);
-    desktop::installViews();
-    here.objects.add(u"Mosken.CMosken", [wish = std::make_shared<desktop::SearchWish>()] {
-      return desktop::makeSearchDialog(wish);
-    });
-    window = std::make_unique<MainWindow>(workplace);
-    window->show();
-  }
-  ~SearchInTheAgency() override {
-    window.reset();
-    forms::Runtime::current().setViewFactory({});
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-  }
-
-  static void press(int key, const QString& text = {}) {
-    QWidget* receiver = QApplication::focusWidget();
-    ASSERT_NE(receiver, nullptr);
-    QKeyEvent down(QEvent::KeyPress, key, Qt::NoModifier, text);
-    QApplication::sendEvent(receiver, &down);
-  }
-  static void types(const QString& text) {
-    for (const QChar c : text) press(c.toUpper().unicode(), QString(c));
-  }
-  static Text onCard(TextView control) {
-    return forms::Runtime::current().activeForm()->control(control)->get(u"").text();
-  }
-
-  std::unique_ptr<MainWindow> window;
-};
-
-TEST_F(SearchInTheAgency, walks_the_card_through_its_hits_and_leaves_it_on_the_last) {
-  given({u"Llaves", u"Camión", u"Agua", u"El camion", u"Gas"});
-  AnnotationList& notes = *window->openCard(hostForm(u"FichaInm"), property)->card().list(u"grdNota");
-  std::vector<Text> shown;
-  std::vector<QString> told;
-  const auto searchIt = [&] {
-    auto* dialog = dynamic_cast<desktop::SearchDialog*>(QApplication::activeModalWidget());
-    ASSERT_NE(dialog, nullptr);
-    QApplication::setActiveWindow(dialog);
-    QApplication::processEvents();
-    types("camion");
-    for (int i = 0; i < 3; ++i) {
-      press(Qt::Key_Return);
-      shown.push_back(onCard(u"txtAsunto"));
-      told.push_back(dialog->findChild<QLabel*>("mensaje")->text());
-    }
-    press(Qt::Key_Escape);
-  };
-  QTimer::singleShot(0, [&] {
-    QTimer::singleShot(0, searchIt);
-    const auto card = forms::Runtime::current().activeForm();
-    card->toolbars().userSelects(u"ID_Buscar");
-    EXPECT_TRUE(card->Visible());
-    EXPECT_EQ(onCard(u"txtAsunto"), shown.back());
-    card->userCloses();
-  });
-  notes.openCard();
-  std::vector<Text> hits = {shown.at(0), shown.at(1)};
-  std::sort(hits.begin(), hits.end());
-  EXPECT_EQ(hits, (std::vector<Text>{u"Camión", u"El camion"}));
-  EXPECT_EQ(shown.at(2), shown.at(1));
-  EXPECT_EQ(told.at(1), "La ficha muestra una coincidencia.");
-  EXPECT_EQ(told.at(2), "No hay más hacia delante: la ficha es la misma.");
-  EXPECT_EQ(notes.recordset()->value(u"Asunto").text(), shown.at(2));
 }
 
 }  // namespace ovalia::host
