@@ -1,6 +1,7 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QKeyEvent>
+#include <QMenuBar>
 #include <QScrollBar>
 
 #include "desktop/CardWindow.h"
@@ -65,6 +66,7 @@ bool CardWindow::mousePressed(QWidget& receiver) {
 }
 
 bool CardWindow::keyPressed(QWidget& receiver, QKeyEvent& event) {
+  if (qobject_cast<QMenuBar*>(&receiver)) return false;  // walked by keys, after Alt
   const QWidget* holder = focusWidget();
   // An unused key climbs to the parents: it has been seen.
   if (holder && &receiver != holder && receiver.isAncestorOf(holder)) return false;

@@ -12,9 +12,9 @@ using enum ControlType;
 constexpr auto controls = std::to_array<ControlDesign>({
     {u"SSAtb", ActiveToolBars, plain},
     {u"ImgClock", Image, plain, u"", u"", 150, 127, 240, 240},
-    {u"lblFecha", Label, plain, u"Atendida el", u"", 435, 135, 945, 225},
-    {u"dtpFechaAlta", DTPicker, plain, u"", u"Fecha de creación", 1410, 90, 1470, 315, 2, u"", u"lblFecha"},
-    {u"dtpHoraAlta", DTPicker, timeOfDay, u"", u"Hora de creación", 2940, 90, 1200, 315, 3, u"", u"lblFecha"},
+    {u"lblFecha", Label, plain, u"Atendida el", u"", 435, 135, 1005, 225},
+    {u"dtpFechaAlta", DTPicker, plain, u"", u"Fecha de creación", 1470, 90, 1470, 315, 2, u"", u"lblFecha"},
+    {u"dtpHoraAlta", DTPicker, timeOfDay, u"", u"Hora de creación", 3000, 90, 1200, 315, 3, u"", u"lblFecha"},
     {u"lblUsuario", Label, plain, u"por", u"", 4620, 135, 390, 225},
     {u"cboUsuario", ComboBox, dropDownList, u"", u"Usuario que escribe la nota", 5040, 90, 1485, 315, 4, u"",
      u"lblUsuario"},

@@ -79,6 +79,13 @@ TEST_F(Ini, nonsense_in_the_file_does_not_hurt) {
   EXPECT_EQ(IniSettings(file()).get(u"A", u"Settings", u"bien", u"-"), u"hola");
 }
 
+TEST_F(Ini, may_be_written_by_hand) {
+  write("[Agencia]\nSettings\\Usuario=Lucía Ferrándiz\nCorreo\\Servidor=smtp://u:c@correo.ejemplo.es:587\n");
+  IniSettings settings(file());
+  EXPECT_EQ(settings.get(u"Agencia", u"Settings", u"Usuario", u""), u"Lucía Ferrándiz");
+  EXPECT_EQ(settings.get(u"Agencia", u"Correo", u"Servidor", u""), u"smtp://u:c@correo.ejemplo.es:587");
+}
+
 TEST_F(Ini, what_another_program_saves_meanwhile_is_seen) {
   IniSettings one(file()), other(file() + "");
   one.save(u"A", u"S", u"k", u"1");

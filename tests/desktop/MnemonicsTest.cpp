@@ -127,6 +127,24 @@ TEST_F(Letters, of_the_button_that_does_nothing_are_the_menus) {
   });
 }
 
+TEST_F(Letters, alt_alone_leads_into_the_menu_bar_and_escape_out_of_it_not_of_the_card) {
+  const auto card = std::make_shared<forms::CardForm>(forms::frmNota());
+  whileShown(*card, [&] {
+    int keys = 0;
+    card->setKeyPreview(true);
+    card->KeyDown.connect([&](std::int16_t&, std::int16_t&) { ++keys; });
+    CardWindow& window = *windowOf(*card);
+    QTest::keyClick(window.focusWidget(), Qt::Key_Alt);
+    auto* bar = window.findChild<QMenuBar*>();
+    ASSERT_TRUE(bar->hasFocus());
+    keys = 0;
+    QTest::keyClick(bar, Qt::Key_Escape);
+    EXPECT_FALSE(bar->hasFocus());
+    EXPECT_TRUE(target(*card, u"txtAsunto")->hasFocus());
+    EXPECT_EQ(keys, 0);
+  });
+}
+
 }  // namespace
 
 }  // namespace ovalia::desktop

@@ -274,7 +274,7 @@ TEST_F(Picker, with_a_check_box_enables_the_hour_before_its_change_is_known) {
     EXPECT_TRUE(enabled);
     hour.setValue(u"12:00:00");
     EXPECT_EQ(card.raisedBy([&] { user.sets(u"dtpFechaEnvio", Null); }),
-              (Names{u"CogerFoco", u"Cambio FechaEnvio"}));
+              (Names{u"Validar", u"CogerFoco", u"Cambio FechaEnvio"}));
     EXPECT_FALSE(enabled);
     EXPECT_EQ(card.as<DTPicker>(u"dtpHoraEnvio")->text(), u"12:00:00") << "a disabled picker keeps its value";
     EXPECT_EQ(card.as<DTPicker>(u"dtpFechaEnvio")->text(), u"");
