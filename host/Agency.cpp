@@ -94,8 +94,10 @@ void checkWritable(dao::Database& database) {
 Text knownUser(dao::Database& database, TextView user) {
   if (!user.empty()) {
     if (auto found = spelling(database, u"Usuario", u"Nombre", user)) return *found;
-    throw StartFailure(u"El usuario «" + Text(user) +
-                       u"» de la configuración no existe en la base de datos.");
+    throw StartFailure(
+        u"El usuario «" + Text(user) +
+        u"» de la configuración no existe en la base de datos.\nCorrija «Usuario» en el fichero "
+        u"ovalia.ini de su configuración, o bórrelo.");
   }
   const auto rows =
       database.OpenRecordset(u"SELECT Nombre FROM Usuario ORDER BY IdUsuario", dao::dbOpenSnapshot);
@@ -109,8 +111,8 @@ Text usage() {
   return u"Uso: agencia [--database FICHERO] [--annotations N] [--tour CARPETA]\n"
          u"  --database FICHERO   base de datos; si falta, la de su carpeta de datos\n"
          u"  --annotations N      crea la base de datos con N anotaciones de ejemplo\n"
-         u"  --tour CARPETA       abre una ficha de cada clase y deja imágenes y transcripción en la "
-         u"carpeta\n";
+         u"  --tour CARPETA       hace un recorrido sobre una copia de la base de datos y deja imágenes y "
+         u"transcripción en la carpeta\n";
 }
 
 StartOptions parseOptions(std::span<const std::string> arguments) {

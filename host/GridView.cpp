@@ -2,6 +2,7 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QProxyStyle>
 
 namespace ovalia::host {
 
@@ -12,6 +13,15 @@ std::vector<ModelColumn> modelColumns(const std::vector<GridView::Column>& colum
   for (const auto& column : columns) made.push_back({column.field, column.heading});
   return made;
 }
+
+// Air between the columns: a number at the right of one is apart from a text at the left of the next.
+class Airy : public QProxyStyle {
+ public:
+  int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
+    const int usual = QProxyStyle::pixelMetric(metric, option, widget);
+    return metric == PM_FocusFrameHMargin || metric == PM_HeaderMargin ? usual + 4 : usual;
+  }
+};
 
 }  // namespace
 
@@ -28,6 +38,10 @@ GridView::GridView(const QString& name, const std::vector<Column>& columns, cons
   setTabKeyNavigation(false);
   setWordWrap(false);
   setShowGrid(false);
+  auto* airy = new Airy;
+  airy->setParent(this);
+  setStyle(airy);
+  horizontalHeader()->setStyle(airy);
   verticalHeader()->hide();
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   verticalHeader()->setDefaultSectionSize(fontMetrics().height() * 3 / 2);
@@ -46,7 +60,7 @@ void GridView::fitColumns() {
   int shown = 0;
   for (const Column& column : columns_)
     if (model_->headerData(shown, Qt::Horizontal).toString() == column.heading)
-      setColumnWidth(shown++, character * (column.characters + 2));
+      setColumnWidth(shown++, character * (column.characters + 3));
 }
 
 void GridView::show(dao::RecordsetRef rows, std::int32_t key) {

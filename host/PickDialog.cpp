@@ -15,6 +15,7 @@ PickDialog::PickDialog(const QString& title, const QStringList& names, const QSt
   auto* label = new QLabel(QStringLiteral("&Buscar:"), this);
   label->setBuddy(wanted_);
   list_->setAccessibleName(title);
+  list_->setSpacing(1);
   auto* buttons = new QDialogButtonBox(this);
   buttons->addButton(QStringLiteral("&Aceptar"), QDialogButtonBox::AcceptRole)->setDefault(true);
   buttons->addButton(QStringLiteral("&Cancelar"), QDialogButtonBox::RejectRole);

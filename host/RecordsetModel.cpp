@@ -78,10 +78,12 @@ RecordsetModel::Row RecordsetModel::read(int row) const {
     made.key = rows_->value(key_).toLong();
     for (std::size_t i = 0; i < columns_.size(); ++i)
       made.cells[i] = gridText(rows_->value(columns_[i].field));
-  } catch (const Failure&) {
-    // Another user deleted the row since the list was read; it goes at the next reload.
+  } catch (const Failure& failure) {
+    // A row that another user has deleted since the list was read goes at the next reload.
+    const bool deleted = failure.number() == dao::failure::recordDeleted;
     made.key = 0;
-    if (!made.cells.empty()) made.cells[0] = QStringLiteral("(borrada)");
+    if (!made.cells.empty())
+      made.cells[0] = deleted ? QStringLiteral("(borrada)") : QStringLiteral("(no se puede leer)");
   }
   return made;
 }

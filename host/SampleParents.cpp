@@ -129,10 +129,14 @@ constexpr TableMaker tableMakers[] = {
 }  // namespace
 
 Text sentencesText(Dice& dice, int count) {
+  constexpr std::size_t all = std::size(words::sentences);
   Text text;
+  std::size_t last = all;
   for (int i = 0; i < count; ++i) {
     if (i) text.append(i % 3 == 2 ? CRLF : TextView(u" "));
-    text.append(dice.of(words::sentences));
+    std::size_t next = dice.below(all);
+    if (next == last) next = (next + 1) % all;
+    text.append(words::sentences[last = next]);
   }
   return text;
 }

@@ -34,7 +34,7 @@ using Row = std::vector<Variant>;
 
 inline Variant number(std::size_t n) { return static_cast<std::int32_t>(n); }
 
-// That many sentences, on lines of three.
+// That many sentences, on lines of three, none right after itself.
 Text sentencesText(Dice& dice, int count);
 
 inline constexpr std::int32_t userCount = std::size(words::users);
