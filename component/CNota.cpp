@@ -1,6 +1,11 @@
 #include "component/CNota.h"
 
+#include "attachments/AddingAttachments.h"
 #include "attachments/AttachmentList.h"
+#include "attachments/CopyNames.h"
+#include "attachments/DocumentFolders.h"
+#include "attachments/RegisteringAttachments.h"
+#include "attachments/StoredNames.h"
 #include "cards/BlankCard.h"
 #include "cards/RecordToCard.h"
 #include "cards/Search.h"
@@ -29,7 +34,7 @@ void CNota::RefrescoDocs() { ovalia::RefrescoDocs(*instance_); }
 void CNota::FichaLimpia() { ovalia::FichaLimpia(*instance_); }
 void CNota::CambiarMenuNotas() { ovalia::CambiarMenuNotas(*instance_); }
 void CNota::CrearModelo(Text&, Text&) {}
-void CNota::AdjuntarDocumento(bool) {}
+void CNota::AdjuntarDocumento(bool NotaGrabada) { ovalia::AdjuntarDocumento(*instance_, NotaGrabada); }
 void CNota::ImprimirNota() {}
 void CNota::EMailNota() {}
 void CNota::AdjuntarPlantilla(bool) {}
@@ -41,16 +46,18 @@ bool CNota::BorrarDocNota(Text& NArch) {
 }
 bool CNota::BorrarDocNota(Text&, bool&) { return false; }
 
-Text CNota::CreaPathDoc(std::int32_t) { return {}; }
+Text CNota::CreaPathDoc(std::int32_t Id) { return ovalia::CreaPathDoc(*instance_, Id); }
 
 Text CNota::CreaNombreDoc(std::int32_t IdBase) {
   Text ext;
   return CreaNombreDoc(IdBase, ext);
 }
-Text CNota::CreaNombreDoc(std::int32_t, Text&) { return {}; }
+Text CNota::CreaNombreDoc(std::int32_t IdBase, Text& ext) {
+  return ovalia::CreaNombreDoc(*instance_, IdBase, ext);
+}
 
-bool CNota::AniadirArch(Text, Text) { return false; }
-Text CNota::GenerarNombreCopia(Text&) { return {}; }
+bool CNota::AniadirArch(Text NOrg, Text NProg) { return ovalia::AniadirArch(*instance_, NOrg, NProg); }
+Text CNota::GenerarNombreCopia(Text& nombre) { return ovalia::GenerarNombreCopia(*instance_, nombre); }
 void CNota::Borrar(bool, Text) {}
 
 void CNota::BorrarUno() {

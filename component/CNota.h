@@ -45,21 +45,34 @@ class CNota : public NotaSurface {
   // search fills the card again over changes that were not saved.
   void Buscar_Nota();
 
+  // Attaches files that the user chooses in the main form's dialog: each is copied into the folder of the
+  // record that the form on top shows or is adding, and, unless `NotaGrabada` is false, a row is written for
+  // it. The form's key must be readable for a record being added too. Nothing in the tree is ever replaced,
+  // and a file that was copied stays, whatever fails afterwards.
+  void AdjuntarDocumento(bool NotaGrabada = true);
+
+  // Writes the row of a file stored already, `NProg` being its stored name and `NOrg` the path or name that
+  // it came by, and counts it on the current row of `crs`. True when the row went in. On an archive table a
+  // row passes through the live one for an instant.
+  bool AniadirArch(Text NOrg, Text NProg);
+
+  // Folder of a record's documents below `AppDirUser`, with its final "\", made where it is missing; a free
+  // stored name in it, with `ext` (a point and three more, ".doc" for any other, which is written back); a
+  // name to show a copy by, which no document of `DocuAsoc` has. "" after a failure.
+  Text CreaPathDoc(std::int32_t Id);
+  Text CreaNombreDoc(std::int32_t IdBase);
+  Text CreaNombreDoc(std::int32_t IdBase, Text& ext);
+  Text GenerarNombreCopia(Text& nombre);
+
   // Those below have no effect yet, and give false or "".
   void RefrescoDocs();
   void CrearModelo(Text& NArch, Text& NOrg);
-  void AdjuntarDocumento(bool NotaGrabada = true);
   void ImprimirNota();
   void EMailNota();
   void AdjuntarPlantilla(bool NotaGrabada = true);
   void AdjuntarModelo(bool NotaGrabada = true);
   bool BorrarDocNota(Text& NArch);
   bool BorrarDocNota(Text& NArch, bool& Preguntar);
-  Text CreaPathDoc(std::int32_t Id);
-  Text CreaNombreDoc(std::int32_t IdBase);
-  Text CreaNombreDoc(std::int32_t IdBase, Text& ext);
-  bool AniadirArch(Text NOrg, Text NProg);
-  Text GenerarNombreCopia(Text& nombre);
   void Borrar(bool Preguntar = true, Text Accion = {});
   void BorrarUno();
   void BorrarUno(std::int32_t& ParamBorrar, Text Accion = {});
