@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "attachments/DocumentFolders.h"
+#include "attachments/HostDialog.h"
 #include "attachments/HostRecord.h"
 #include "attachments/RegisteringAttachments.h"
 #include "attachments/StoredNames.h"
@@ -15,8 +16,6 @@
 namespace ovalia {
 
 namespace {
-
-constexpr TextView settingsSection = u"Settings", folderKey = u"DirDocumentos";
 
 // Explorer style, several files, no read-only box.
 constexpr std::int32_t dialogFlags = 524804;
@@ -56,28 +55,19 @@ Text attachChosen(Instance& nota, TextView chosen, std::int32_t record, bool reg
   return parts[0];
 }
 
-Text lastFour(TextView text) {
-  constexpr std::size_t length = 4;
-  return Text(text.substr(text.size() < length ? 0 : text.size() - length));
-}
-
 }  // namespace
 
 void AdjuntarDocumento(Instance& nota, bool NotaGrabada) {
   procedureHandling(
       u"AdjuntarDocumento de CNota",
       [&] {
-        const ObjectRef dialog = objectAt(nota.nota.frmBase, {u"dlgfrmbase"});
-        Settings& settings = *Platform::current().settings;
-        const Text application = getMember(nota.nota.cApp, u"title").toText();
-        const Text before = settings.get(application, settingsSection, folderKey, u"C:\\");
-        if (const Text chosen = chosenIn(dialog, before); !chosen.empty()) {
+        const ObjectRef dialog = hostDialog(nota);
+        const RememberedFolder start(nota, u"DirDocumentos");
+        if (const Text chosen = chosenIn(dialog, start.folder()); !chosen.empty()) {
           const std::int32_t record = hostRecordOrNew(nota);
-          const Text folder = attachChosen(nota, chosen, record, NotaGrabada);
-          if (folder != before) settings.save(application, settingsSection, folderKey, folder);
+          start.remember(attachChosen(nota, chosen, record, NotaGrabada));
         }
-        const ObjectRef bar = objectAt(nota.nota.frmBase, {u"StatusBar1"});
-        putMember(getMember(bar, u"Panels", {std::int32_t(1)}).toObject(), u"Text", u"Listo");
+        tellReady(nota);
       },
       [](const Failure& failed) { return failed.number() == failure::dialogCancelled; });
 }

@@ -14,6 +14,7 @@ namespace ovalia {
 namespace {
 
 constexpr char16_t numberMark = u'F';
+constexpr std::size_t extensionLength = 4;
 
 std::int16_t after(std::int16_t number) { return Variant(std::int32_t(number) + 1).toInteger(); }
 
@@ -35,10 +36,13 @@ bool isTaken(const Instance& nota, TextView folder, TextView name) {
 
 }  // namespace
 
-Text storedExtension(TextView ext) {
-  constexpr std::size_t length = 4;
-  return Text(ext.size() == length && ext.starts_with(u'.') ? ext : TextView(u".doc"));
+Text lastFour(TextView name) {
+  return Text(name.substr(name.size() < extensionLength ? 0 : name.size() - extensionLength));
 }
+
+bool isExtension(TextView text) { return text.size() == extensionLength && text.starts_with(u'.'); }
+
+Text storedExtension(TextView ext) { return Text(isExtension(ext) ? ext : TextView(u".doc")); }
 
 Text storedName(std::int32_t parent, std::int16_t number, TextView ext) {
   constexpr std::int16_t digits = 2;

@@ -6,6 +6,12 @@
 
 namespace ovalia {
 
+// The last four characters of a name or a path, where an extension stands; all of a shorter one.
+Text lastFour(TextView name);
+
+// Whether a text is a point and three more.
+bool isExtension(TextView text);
+
 // The extension that a file is stored with: `ext` itself where it is a point and three more, else ".doc".
 Text storedExtension(TextView ext);
 

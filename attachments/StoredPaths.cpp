@@ -37,4 +37,13 @@ Text storedPathForCopy(const Instance& nota, TextView folder, TextView name) {
   return join(dataFolder(nota), u"\\", folder, u"\\", name);
 }
 
+Text storedFile(const Instance& nota, TextView folder, TextView name) {
+  if (folder.empty() || !isStoredName(name)) return {};
+  return Platform::current().files->firstMatch(storedPath(nota, folder, name));
+}
+
+bool isStored(const Instance& nota, TextView folder, TextView name) {
+  return isStoredName(name) && storedFile(nota, folder, name) == name;
+}
+
 }  // namespace ovalia

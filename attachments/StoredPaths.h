@@ -21,4 +21,11 @@ Text storedPath(const Instance& nota, TextView folder, TextView name);
 // reach one file.
 Text storedPathForCopy(const Instance& nota, TextView folder, TextView name);
 
+// What the disk calls the plain file of that name in that folder; "" when there is none, which holds for
+// every name that is none and for an empty folder.
+Text storedFile(const Instance& nota, TextView folder, TextView name);
+
+// Whether that file is there under exactly that name: one whose spelling differs in case counts as missing.
+bool isStored(const Instance& nota, TextView folder, TextView name);
+
 }  // namespace ovalia
