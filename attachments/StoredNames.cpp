@@ -5,7 +5,6 @@
 #include "attachments/DocumentFolders.h"
 #include "attachments/StoredPaths.h"
 #include "cards/Lookups.h"
-#include "platform/Platform.h"
 #include "routines/TextHelpers.h"
 #include "routines/Trap.h"
 
@@ -26,12 +25,6 @@ std::int16_t nextNumber(const Instance& nota, std::int32_t parent) {
   for (; !rows->isEOF(); rows->MoveNext())
     highest = std::max(highest, storedNumber(rows->value(u"NombreArch").text()).value_or(highest));
   return after(highest);
-}
-
-// A name that no file of the tree can bear is free; copying to it will fail.
-bool isTaken(const Instance& nota, TextView folder, TextView name) {
-  if (folder.empty() || !isStoredName(name)) return false;
-  return !Platform::current().files->firstMatch(storedPathForCopy(nota, folder, name)).empty();
 }
 
 }  // namespace
@@ -63,7 +56,8 @@ Text CreaNombreDoc(const Instance& nota, std::int32_t IdBase, Text& ext) {
     std::int16_t number = nextNumber(nota, IdBase);
     const Text folder = CreaPathDoc(nota, IdBase);
     Text name = storedName(IdBase, number, ext);
-    while (isTaken(nota, folder, name)) name = storedName(IdBase, number = after(number), ext);
+    // A name that no file can bear counts as free; copying to it will fail.
+    while (!storedFile(nota, folder, name).empty()) name = storedName(IdBase, number = after(number), ext);
     result = name;
   });
 }

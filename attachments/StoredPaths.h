@@ -17,8 +17,7 @@ bool isStoredName(TextView name);
 // name that is none and for an empty folder, which is what a folder that could not be made is given as.
 Text storedPath(const Instance& nota, TextView folder, TextView name);
 
-// The same with a second separator before the name, as files are copied by and new names are looked for. Both
-// reach one file.
+// The same with a second separator before the name, as files are copied by. Both reach one file.
 Text storedPathForCopy(const Instance& nota, TextView folder, TextView name);
 
 // What the disk calls the plain file of that name in that folder; "" when there is none, which holds for
