@@ -35,7 +35,7 @@ class AttachmentsTest : public CardTest {
 
   const Text agencyFolder = u"\\Datos\\Agencia";
   const Text leaf = agencyFolder + u"\\Doc1\\Doc2\\Doc0\\";  // of record 120
-  FakeTableRef documents;                                  // DocuNotaIP
+  FakeTableRef documents;                                    // DocuNotaIP
 };
 
 }  // namespace ovalia::kit
