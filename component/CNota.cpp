@@ -3,10 +3,13 @@
 #include "attachments/AddingAttachments.h"
 #include "attachments/AttachmentList.h"
 #include "attachments/CopyNames.h"
+#include "attachments/DeletingAttachments.h"
 #include "attachments/DocumentFolders.h"
 #include "attachments/RegisteringAttachments.h"
 #include "attachments/StoredNames.h"
 #include "cards/BlankCard.h"
+#include "cards/Deletion.h"
+#include "cards/MovingAnnotations.h"
 #include "cards/RecordToCard.h"
 #include "cards/Search.h"
 #include "commands/ToolState.h"
@@ -44,7 +47,9 @@ bool CNota::BorrarDocNota(Text& NArch) {
   bool Preguntar = true;
   return BorrarDocNota(NArch, Preguntar);
 }
-bool CNota::BorrarDocNota(Text&, bool&) { return false; }
+bool CNota::BorrarDocNota(Text& NArch, bool& Preguntar) {
+  return ovalia::BorrarDocNota(*instance_, NArch, Preguntar);
+}
 
 Text CNota::CreaPathDoc(std::int32_t Id) { return ovalia::CreaPathDoc(*instance_, Id); }
 
@@ -58,17 +63,21 @@ Text CNota::CreaNombreDoc(std::int32_t IdBase, Text& ext) {
 
 bool CNota::AniadirArch(Text NOrg, Text NProg) { return ovalia::AniadirArch(*instance_, NOrg, NProg); }
 Text CNota::GenerarNombreCopia(Text& nombre) { return ovalia::GenerarNombreCopia(*instance_, nombre); }
-void CNota::Borrar(bool, Text) {}
+void CNota::Borrar(bool Preguntar, Text Accion) { ovalia::Borrar(*instance_, Preguntar, Accion); }
 
 void CNota::BorrarUno() {
   std::int32_t ParamBorrar = -1;
   BorrarUno(ParamBorrar);
 }
-void CNota::BorrarUno(std::int32_t&, Text) {}
+void CNota::BorrarUno(std::int32_t& ParamBorrar, Text Accion) {
+  ovalia::BorrarUno(*instance_, ParamBorrar, Accion);
+}
 
-bool CNota::SemiBorrar(std::int32_t) { return false; }
-void CNota::AfterBorrar(std::int32_t) {}
-void CNota::TrasladaNotas(std::int32_t&, std::int32_t&) {}
+bool CNota::SemiBorrar(std::int32_t NumBorrar) { return ovalia::SemiBorrar(*instance_, NumBorrar); }
+void CNota::AfterBorrar(std::int32_t NumBorrar) { ovalia::AfterBorrar(*instance_, NumBorrar); }
+void CNota::TrasladaNotas(std::int32_t& NuevoId, std::int32_t& NuevoCliente) {
+  ovalia::TrasladaNotas(*instance_, NuevoId, NuevoCliente);
+}
 void CNota::Buscar_Nota() { ovalia::Buscar_Nota(*instance_); }
 
 }  // namespace ovalia

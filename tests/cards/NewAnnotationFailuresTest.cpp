@@ -95,6 +95,7 @@ constexpr Failing failing[] = {
     {"the tools",
      [](FailingSurroundings& t) {
        t.host.answers.CompletarNueva = [](Text&, dao::RecordsetRef& rows) { rows.reset(); };
+       t.here.expectReport(u"RefrescoDocs de CNota", failure::objectNotSet);
      },
      failure::objectNotSet, Failing::created, u"CambiarMenu de CNota"},
 };
