@@ -103,6 +103,19 @@ TEST_F(Registering, changes_neither_stamp_nor_state) {
   EXPECT_EQ(instance.EstadoFicha, modificada);
 }
 
+TEST_F(Registering, asks_for_the_list_of_a_card_again_only_while_it_is_visible) {
+  const Text listing = u"SELECT * FROM DocuNotaIP WHERE IdNota = 501";
+  openCard([&] {
+    database->opened.clear();
+    EXPECT_TRUE(AniadirArch(instance, u"plano.pdf", u"120F00.pdf"));
+    EXPECT_THAT(database->opened, testing::Contains(listing));
+    form().Hide();
+    database->opened.clear();
+    EXPECT_TRUE(AniadirArch(instance, u"carta.doc", u"120F01.doc"));
+    EXPECT_THAT(database->opened, testing::Not(testing::Contains(listing)));
+  });
+}
+
 TEST_F(Registering, on_a_list_without_the_parents_number_is_reported) {
   givenList(u"Llamada");
   nota.DocuAsoc = u"DocuNotaIP";
