@@ -72,6 +72,28 @@ TEST_F(StoredPaths, a_folder_that_could_not_be_made_gives_no_path) {
     EXPECT_EQ(resumeNext([&] { join(instance, u"", u"120F00.doc"); }), failure::pathNotFound);
 }
 
+TEST_F(StoredPaths, a_file_is_found_in_the_disks_spelling_and_counts_as_stored_in_its_own_alone) {
+  attached(u"120F00.doc", u"plano.doc");
+  const Text folder = u"Doc1\\Doc2\\Doc0\\";
+  EXPECT_EQ(storedFile(instance, folder, u"120f00.DOC"), u"120F00.doc");
+  EXPECT_FALSE(isStored(instance, folder, u"120f00.DOC"));
+  EXPECT_TRUE(isStored(instance, folder, u"120F00.doc"));
+  EXPECT_EQ(storedFile(instance, folder, u"120F01.doc"), u"");
+  EXPECT_FALSE(isStored(instance, folder, u"120F01.doc"));
+  EXPECT_FALSE(isStored(instance, folder, u"*.doc")) << "a mask is no name";
+}
+
+TEST_F(StoredPaths, no_file_is_looked_for_by_a_name_that_is_none_or_without_a_folder) {
+  here.files.putFile(agencyFolder + u"\\120F00.doc");
+  for (const TextView name : leadingOutside) {
+    EXPECT_EQ(storedFile(instance, u"Doc0\\", name), u"") << toUtf8(name);
+    EXPECT_FALSE(isStored(instance, u"Doc0\\", name)) << toUtf8(name);
+  }
+  EXPECT_EQ(storedFile(instance, u"", u"120F00.doc"), u"");
+  EXPECT_FALSE(isStored(instance, u"", u"120F00.doc"));
+  EXPECT_EQ(here.faults.visits("Files.firstMatch"), 0);
+}
+
 TEST_F(StoredPaths, a_refused_name_is_told_with_what_to_do) {
   try {
     storedPath(instance, u"Doc0\\", u"..\\x");
