@@ -4,6 +4,8 @@
 
 #include "attachments/AddingAttachments.h"
 #include "attachments/AttachmentList.h"
+#include "attachments/AttachmentOperations.h"
+#include "attachments/DeletingAttachments.h"
 #include "cards/Closing.h"
 #include "cards/Deletion.h"
 #include "cards/Navigation.h"
@@ -31,11 +33,7 @@ void leave(Instance& nota) {
   if (!cancelar) callMember(activeForm(), u"Hide");
 }
 
-void deleteAttachment(Instance& nota) {
-  const ObjectRef chosen = getMember(nota.card().control(u"LsvDocu"), u"SelectedItem").toObject();
-  Text key = getMember(chosen, u"Key").toText();
-  BorrarDocNota(nota, key, true);
-}
+void deleteAttachment(Instance& nota) { BorrarDocNota(nota, selectedAttachment(nota).key, true); }
 
 void makeModel(Instance& nota) {
   const ObjectRef chosen = objectAt(activeForm(), {u"LsvDocu", u"SelectedItem"});

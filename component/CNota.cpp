@@ -1,7 +1,15 @@
 #include "component/CNota.h"
 
+#include "attachments/AddingAttachments.h"
 #include "attachments/AttachmentList.h"
+#include "attachments/CopyNames.h"
+#include "attachments/DeletingAttachments.h"
+#include "attachments/DocumentFolders.h"
+#include "attachments/RegisteringAttachments.h"
+#include "attachments/StoredNames.h"
 #include "cards/BlankCard.h"
+#include "cards/Deletion.h"
+#include "cards/MovingAnnotations.h"
 #include "cards/RecordToCard.h"
 #include "cards/Search.h"
 #include "commands/ToolState.h"
@@ -29,7 +37,7 @@ void CNota::RefrescoDocs() { ovalia::RefrescoDocs(*instance_); }
 void CNota::FichaLimpia() { ovalia::FichaLimpia(*instance_); }
 void CNota::CambiarMenuNotas() { ovalia::CambiarMenuNotas(*instance_); }
 void CNota::CrearModelo(Text&, Text&) {}
-void CNota::AdjuntarDocumento(bool) {}
+void CNota::AdjuntarDocumento(bool NotaGrabada) { ovalia::AdjuntarDocumento(*instance_, NotaGrabada); }
 void CNota::ImprimirNota() {}
 void CNota::EMailNota() {}
 void CNota::AdjuntarPlantilla(bool) {}
@@ -39,29 +47,37 @@ bool CNota::BorrarDocNota(Text& NArch) {
   bool Preguntar = true;
   return BorrarDocNota(NArch, Preguntar);
 }
-bool CNota::BorrarDocNota(Text&, bool&) { return false; }
+bool CNota::BorrarDocNota(Text& NArch, bool& Preguntar) {
+  return ovalia::BorrarDocNota(*instance_, NArch, Preguntar);
+}
 
-Text CNota::CreaPathDoc(std::int32_t) { return {}; }
+Text CNota::CreaPathDoc(std::int32_t Id) { return ovalia::CreaPathDoc(*instance_, Id); }
 
 Text CNota::CreaNombreDoc(std::int32_t IdBase) {
   Text ext;
   return CreaNombreDoc(IdBase, ext);
 }
-Text CNota::CreaNombreDoc(std::int32_t, Text&) { return {}; }
+Text CNota::CreaNombreDoc(std::int32_t IdBase, Text& ext) {
+  return ovalia::CreaNombreDoc(*instance_, IdBase, ext);
+}
 
-bool CNota::AniadirArch(Text, Text) { return false; }
-Text CNota::GenerarNombreCopia(Text&) { return {}; }
-void CNota::Borrar(bool, Text) {}
+bool CNota::AniadirArch(Text NOrg, Text NProg) { return ovalia::AniadirArch(*instance_, NOrg, NProg); }
+Text CNota::GenerarNombreCopia(Text& nombre) { return ovalia::GenerarNombreCopia(*instance_, nombre); }
+void CNota::Borrar(bool Preguntar, Text Accion) { ovalia::Borrar(*instance_, Preguntar, Accion); }
 
 void CNota::BorrarUno() {
   std::int32_t ParamBorrar = -1;
   BorrarUno(ParamBorrar);
 }
-void CNota::BorrarUno(std::int32_t&, Text) {}
+void CNota::BorrarUno(std::int32_t& ParamBorrar, Text Accion) {
+  ovalia::BorrarUno(*instance_, ParamBorrar, Accion);
+}
 
-bool CNota::SemiBorrar(std::int32_t) { return false; }
-void CNota::AfterBorrar(std::int32_t) {}
-void CNota::TrasladaNotas(std::int32_t&, std::int32_t&) {}
+bool CNota::SemiBorrar(std::int32_t NumBorrar) { return ovalia::SemiBorrar(*instance_, NumBorrar); }
+void CNota::AfterBorrar(std::int32_t NumBorrar) { ovalia::AfterBorrar(*instance_, NumBorrar); }
+void CNota::TrasladaNotas(std::int32_t& NuevoId, std::int32_t& NuevoCliente) {
+  ovalia::TrasladaNotas(*instance_, NuevoId, NuevoCliente);
+}
 void CNota::Buscar_Nota() { ovalia::Buscar_Nota(*instance_); }
 
 }  // namespace ovalia

@@ -45,27 +45,60 @@ class CNota : public NotaSurface {
   // search fills the card again over changes that were not saved.
   void Buscar_Nota();
 
-  // Those below have no effect yet, and give false or "".
-  void RefrescoDocs();
-  void CrearModelo(Text& NArch, Text& NOrg);
+  // Attaches files that the user chooses in the main form's dialog: each is copied into the folder of the
+  // record that the form on top shows or is adding, and, unless `NotaGrabada` is false, a row is written for
+  // it. The form's key must be readable for a record being added too. Nothing in the tree is ever replaced,
+  // and a file that was copied stays, whatever fails afterwards.
   void AdjuntarDocumento(bool NotaGrabada = true);
+
+  // Writes the row of a file stored already, `NProg` being its stored name and `NOrg` the path or name that
+  // it came by, and counts it on the current row of `crs`. True when the row went in. On an archive table a
+  // row passes through the live one for an instant.
+  bool AniadirArch(Text NOrg, Text NProg);
+
+  // Folder of a record's documents below `AppDirUser`, with its final "\", made where it is missing; a free
+  // stored name in it, with `ext` (a point and three more, ".doc" for any other, which is written back); a
+  // name to show a copy by, which no document of `DocuAsoc` has. "" after a failure.
+  Text CreaPathDoc(std::int32_t Id);
+  Text CreaNombreDoc(std::int32_t IdBase);
+  Text CreaNombreDoc(std::int32_t IdBase, Text& ext);
+  Text GenerarNombreCopia(Text& nombre);
+
+  // Lists the attachments of the current row of `crs` on the card again.
+  void RefrescoDocs();
+
+  // Deletes an attachment of the current row of `crs` by its stored name: the file goes to the recycle bin,
+  // the counter falls by one, the row goes. False when the user, asked unless `Preguntar` is false, declines,
+  // and when the file cannot be removed; true also where the counter is 0 and nothing was done.
+  bool BorrarDocNota(Text& NArch);
+  bool BorrarDocNota(Text& NArch, bool& Preguntar);
+
+  // Deletes the current annotation of `crs`, asking first unless `Preguntar` is false, or the one with the
+  // key `ParamBorrar`, with the attachments that an open card lists (the user is asked about those in any
+  // case). `Accion` "UnLoad" hides the card. Keep to the current row while a card with attachments is open:
+  // those that it lists are the ones that go, whichever annotation is deleted. They go first: when other
+  // records use the annotation it stays and they are gone. While a card is being filled nothing is deleted.
+  void Borrar(bool Preguntar = true, Text Accion = {});
+  void BorrarUno();
+  void BorrarUno(std::int32_t& ParamBorrar, Text Accion = {});
+
+  // The steps before and after a deletion: deletes the attachments that the card lists, and says whether the
+  // annotation may go; nothing.
+  bool SemiBorrar(std::int32_t NumBorrar);
+  void AfterBorrar(std::int32_t NumBorrar);
+
+  // Hangs the annotations marked in `grdNota` of the form on top on another parent record and client; their
+  // attachments follow into its folder. Needs the grid's SelBookmarks and Columns("IdANota").CellText, and
+  // IdCliente in the table. `crs` and cards are not touched: reload what is shown. A failure ends it with
+  // what was moved so far in place.
+  void TrasladaNotas(std::int32_t& NuevoId, std::int32_t& NuevoCliente);
+
+  // Those below have no effect yet.
+  void CrearModelo(Text& NArch, Text& NOrg);
   void ImprimirNota();
   void EMailNota();
   void AdjuntarPlantilla(bool NotaGrabada = true);
   void AdjuntarModelo(bool NotaGrabada = true);
-  bool BorrarDocNota(Text& NArch);
-  bool BorrarDocNota(Text& NArch, bool& Preguntar);
-  Text CreaPathDoc(std::int32_t Id);
-  Text CreaNombreDoc(std::int32_t IdBase);
-  Text CreaNombreDoc(std::int32_t IdBase, Text& ext);
-  bool AniadirArch(Text NOrg, Text NProg);
-  Text GenerarNombreCopia(Text& nombre);
-  void Borrar(bool Preguntar = true, Text Accion = {});
-  void BorrarUno();
-  void BorrarUno(std::int32_t& ParamBorrar, Text Accion = {});
-  bool SemiBorrar(std::int32_t NumBorrar);
-  void AfterBorrar(std::int32_t NumBorrar);
-  void TrasladaNotas(std::int32_t& NuevoId, std::int32_t& NuevoCliente);
 
  private:
   std::unique_ptr<Instance> instance_;

@@ -1,7 +1,7 @@
 #include "component/EventRouting.h"
 
 #include "attachments/AddingAttachments.h"
-#include "attachments/AttachmentList.h"
+#include "attachments/AttachmentOperations.h"
 #include "cards/CardLists.h"
 #include "cards/Closing.h"
 #include "cards/EditTracking.h"

@@ -16,6 +16,7 @@ inline constexpr std::int32_t overflow = 6;
 inline constexpr std::int32_t outOfMemory = 7;
 inline constexpr std::int32_t indexOutOfRange = 9;
 inline constexpr std::int32_t typeMismatch = 13;
+inline constexpr std::int32_t outOfStackSpace = 28;
 inline constexpr std::int32_t internalError = 51;
 inline constexpr std::int32_t fileNotFound = 53;
 inline constexpr std::int32_t fileAlreadyExists = 58;

@@ -22,6 +22,8 @@ inline constexpr FailureText failureTexts[] = {
     {failure::indexOutOfRange,
      u"El elemento pedido está fuera de la lista. Actualice la lista e inténtelo de nuevo."},
     {failure::typeMismatch, u"Un valor no es del tipo esperado. Revise los números y las fechas escritos."},
+    {failure::outOfStackSpace,
+     u"La operación se repite sin fin. Revise los datos de los que parte y avise a soporte."},
     {failure::internalError, u"Error interno del programa. Guarde lo que pueda y avise a soporte."},
     {failure::fileNotFound,
      u"No se encuentra el fichero. Compruebe el nombre y que no se ha movido o borrado."},

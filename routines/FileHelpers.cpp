@@ -1,6 +1,6 @@
 #include "routines/FileHelpers.h"
 
-#include <optional>
+#include <algorithm>
 
 #include "platform/Platform.h"
 #include "routines/Messages.h"
@@ -117,6 +117,25 @@ Text UnirRuta(TextView carpeta, Text& nombre) {
   return procedure(u"UnirRuta() de RutinasErr", Text{}, [&](Text& result) {
     if (nombre.starts_with(u'\\')) nombre.erase(0, 1);
     result = join(carpeta, carpeta.ends_with(u'\\') ? u"" : u"\\", nombre);
+  });
+}
+
+Text filtrarNombreArchivo(TextView nombre) {
+  constexpr TextView neverInName = u"\"'*?:/\\|<>";
+  return procedure(u"filtrarNombreArchivo() de RutinasErr", Text{}, [&](Text& result) {
+    Text name(nombre);
+    std::erase_if(name, [=](char16_t c) { return neverInName.find(c) != TextView::npos; });
+    result = name;
+  });
+}
+
+void EnviarAPapelera(TextView archivo) {
+  procedure(u"EnviarAPapelera() de RutinasErr", [&] {
+    const Shell::RecycleResult done = Platform::current().shell->recycle(archivo);
+    if (done.code != 0)
+      MostrarMensaje(join(u"Error devuelto: ", done.code, u", ", done.lastError), 0, u"");
+    else if (done.aborted)
+      MostrarMensaje(u"Operación abortada", 0, u"");
   });
 }
 

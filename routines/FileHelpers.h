@@ -37,4 +37,11 @@ bool BorrarFichero(TextView ruta, bool avisar);
 // beginning is cut off, in the caller's variable too.
 Text UnirRuta(TextView carpeta, Text& nombre);
 
+// A name without the characters that cannot stand in one: " ' * ? : / \ | < >. Blanks and points stay.
+Text filtrarNombreArchivo(TextView nombre);
+
+// Sends a file to the recycle bin. What hinders it is told by a message; callers go on as if the file had
+// gone.
+void EnviarAPapelera(TextView archivo);
+
 }  // namespace ovalia

@@ -88,15 +88,6 @@ class Unfinished {
   bool complete_ = false;
 };
 
-// The new name is on disk too; file systems that cannot sync a folder need no sync.
-void syncFolderOf(const std::string& file) {
-  const std::string folder = std::filesystem::path(file).parent_path().string();
-  const int number = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (number < 0) return;
-  fsync(number);
-  close(number);
-}
-
 void copyContents(const Descriptor& source, Descriptor& target) {
   std::vector<char> block(blockSize);
   while (const std::size_t count = source.read(block)) target.write({block.data(), count});
@@ -143,6 +134,14 @@ void copyOver(const std::string& from, const std::string& to) {
   if (rename(name.c_str(), real.c_str()) != 0) throw failureOf(errno, fromUtf8(to));
   unfinished.completed();
   syncFolderOf(real);
+}
+
+void syncFolderOf(const std::string& file) {
+  const std::string folder = std::filesystem::path(file).parent_path().string();
+  const int number = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (number < 0) return;
+  fsync(number);
+  close(number);
 }
 
 void appendBytes(const std::string& file, std::string_view bytes) {

@@ -80,7 +80,8 @@ void FileSystem::makeDirectory(TextView path) {
   const SplitPath split = splitPath(path);
   const auto folder = locate(split.folder);
   if (!folder) throw failureOf(ENOTDIR, path);
-  if (mkdir((*folder + "/" + toUtf8(split.last)).c_str(), 0777) == 0) return;
+  const std::string made = *folder + "/" + toUtf8(split.last);
+  if (mkdir(made.c_str(), 0777) == 0) return syncFolderOf(made);
   throw failureOf(errno == EEXIST ? EISDIR : errno == ENOENT ? ENOTDIR : errno, path);
 }
 

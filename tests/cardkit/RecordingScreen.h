@@ -7,7 +7,7 @@
 namespace ovalia::kit {
 
 // A screen for tests that go through every failure there is: any box may come, its text is kept, and the
-// question about unsaved changes gets `saveAnswer`, any other No.
+// question about unsaved changes gets `saveAnswer`, one about a deletion `deletionAnswer`, any other No.
 class RecordingScreen : public FakeScreen {
  public:
   RecordingScreen(FaultPanel& faults, FakeScreen& drawn) : FakeScreen(faults), faults_(faults) {
@@ -16,7 +16,7 @@ class RecordingScreen : public FakeScreen {
     formsOf = drawn.formsOf;
   }
 
-  int saveAnswer = 6;
+  int saveAnswer = 6, deletionAnswer = 7;
   std::vector<Text> boxes;
 
   // The procedure that a report box names; "" for any other box.
@@ -29,7 +29,9 @@ class RecordingScreen : public FakeScreen {
   int messageBox(TextView message, int buttons, TextView) override {
     faults_.visit("Screen.messageBox");
     boxes.emplace_back(message);
-    return buttons == 35 ? saveAnswer : 7;
+    constexpr int yesNoCancelQuestion = 35, yesNoQuestion = 36, no = 7;
+    if (buttons == yesNoCancelQuestion) return saveAnswer;
+    return buttons == yesNoQuestion ? deletionAnswer : no;
   }
 
   void beep() override {

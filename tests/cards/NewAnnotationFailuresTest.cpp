@@ -181,6 +181,7 @@ const Failing failing[] = {
     {"the tools",
      [](FailingSurroundings& t) {
        t.host.answers.CompletarNueva = [](Text&, dao::RecordsetRef& rows) { rows.reset(); };
+       t.here.expectReport(u"RefrescoDocs de CNota", failure::objectNotSet);
      },
      failure::objectNotSet, Failing::created, u"CambiarMenu de CNota"},
     {"the place in the list", [](FailingSurroundings& t) { t.failNext("Recordset.AbsolutePosition"); },

@@ -114,12 +114,12 @@ TEST_F(NewAnnotation, the_first_save_writes_every_control_over_what_the_host_com
   });
   givenNewRows(u"Nota");
   completes(
-      {{u"Asunto", u"Del host"}, {u"Categorias", u"Del host"}, {u"Notas", u"Del host"}, {u"NArchivos", 7}});
+      {{u"Asunto", u"Del host"}, {u"Categorias", u"Del host"}, {u"Notas", u"Del host"}, {u"NAgencia", 7}});
   create(true, [&] {
     Guardar(instance, u"NoPreguntar");
     for (const TextView lost : {u"Asunto", u"Categorias", u"Notas"})
       EXPECT_EQ(stored(Text(lost), 2).text(), u"") << toUtf8(lost);
-    EXPECT_EQ(stored(u"NArchivos", 2).toLong(), 7) << "no card shows it";
+    EXPECT_EQ(stored(u"NAgencia", 2).toLong(), 7) << "no card shows it";
   });
 }
 
@@ -289,7 +289,7 @@ TEST_F(NewAnnotation, a_card_that_is_being_filled_is_not_asked_about) {
 }
 
 TEST_F(NewAnnotation, the_database_is_asked_for_what_a_creation_needs_and_each_once) {
-  givenNewRows(u"Nota");
+  givenNewRows(u"Nota", {u"NArchivos"});
   openCard([&] {
     constexpr const char* once[] = {"Database.OpenRecordset",     "Field.Value",          "Database.Execute",
                                     "Recordset.Requery",          "Recordset.Find",       "Recordset.NoMatch",

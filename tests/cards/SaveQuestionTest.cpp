@@ -170,13 +170,54 @@ TEST_F(SaveQuestion, answered_no_the_tools_follow_unless_the_caller_moves_on) {
   }
 }
 
-TEST_F(SaveQuestion, answered_no_a_new_card_lets_the_caller_go_on) {
+TEST_F(SaveQuestion, answered_no_a_new_card_loses_its_row_and_lets_the_caller_go_on) {
+  struct {
+    TextView action;
+    std::int32_t standsOn;
+    bool visible;
+  } const cases[] = {{u"Save", 503, true}, {u"Move", 503, true}, {u"UnLoad", 501, false}};
+  for (const auto& expected : cases) {
+    openOn(u"Nota", [&] {
+      makeNew();
+      expectQuestion(u"¿Desea guardar la nueva nota?", no);
+      EXPECT_TRUE(ask(expected.action));
+      EXPECT_EQ(instance.EstadoFicha, limpia);
+      EXPECT_EQ(crs().updates, 0);
+      EXPECT_EQ(crs().deletes, 1);
+      EXPECT_EQ(list->rows.size(), 2u);
+      EXPECT_EQ(standsOn(), expected.standsOn);
+      EXPECT_EQ(form().Visible(), expected.visible);
+      EXPECT_EQ(here.screen.pointers, (std::vector<int>{11, 0}));
+    });
+  }
+}
+
+TEST_F(SaveQuestion, answered_no_a_new_card_whose_row_was_the_only_one_is_hidden_whatever_was_to_follow) {
+  for (const TextView action : {u"Save", u"Move", u"UnLoad"}) {
+    listOf(u"Nota", 1);
+    open(1, [&] {
+      makeNew();
+      expectQuestion(u"¿Desea guardar la nueva nota?", no);
+      EXPECT_TRUE(ask(action));
+      EXPECT_EQ(instance.EstadoFicha, limpia);
+      EXPECT_TRUE(crs().isEOF());
+      EXPECT_TRUE(list->rows.empty());
+      EXPECT_FALSE(form().Visible());
+    });
+  }
+}
+
+TEST_F(SaveQuestion, answered_no_a_new_card_whose_row_is_used_elsewhere_keeps_it_and_lets_the_caller_go_on) {
   openOn(u"Nota", [&] {
     makeNew();
+    here.faults.failNext("Recordset.Delete", dao::failure::referenced);
     expectQuestion(u"¿Desea guardar la nueva nota?", no);
+    expectBox(u"Imposible eliminar el dato ya que está siendo utilizado por otras fichas.", 64, u"Borrar");
     EXPECT_TRUE(ask(u"Save"));
     EXPECT_EQ(instance.EstadoFicha, limpia);
-    EXPECT_EQ(crs().updates, 0);
+    EXPECT_EQ(list->rows.size(), 3u);
+    EXPECT_EQ(standsOn(), 502);
+    EXPECT_TRUE(form().Visible());
   });
 }
 

@@ -285,12 +285,28 @@ TEST_F(Saving, undo_on_an_empty_list_hides_the_card_and_ends) {
   }
 }
 
+TEST_F(Saving, undo_of_a_new_annotation_deletes_its_row_and_shows_the_neighbour) {
+  openOn(u"Nota", [&] {
+    makeNew();
+    DeshacerCambios(instance);
+    EXPECT_EQ(instance.EstadoFicha, limpia);
+    EXPECT_EQ(list->rows.size(), 2u);
+    EXPECT_EQ(standsOn(), 503);
+    EXPECT_EQ(card(u"txtNotas"), u"Texto 3");
+  });
+}
+
 TEST_F(Saving, undo_tells_the_user_of_a_new_row_that_could_not_be_deleted) {
   openOn(u"Nota", [&] {
     makeNew();
+    here.faults.failNext("Recordset.Delete", dao::failure::referenced);
+    expectBox(u"Imposible eliminar el dato ya que está siendo utilizado por otras fichas.", 64, u"Borrar");
     expectBox(u"La ficha no ha podido ser borrada.", 48);
     DeshacerCambios(instance);
     EXPECT_EQ(instance.EstadoFicha, nueva);
+    EXPECT_EQ(standsOn(), 502);
+    EXPECT_EQ(list->rows.size(), 3u);
+    EXPECT_TRUE(form().Visible());
   });
 }
 

@@ -91,13 +91,24 @@ TEST_F(Validation, a_text_box_is_trimmed_a_combo_is_not) {
 
 TEST_F(Validation, controls_without_a_check_pass_as_they_are) {
   for (const TextView name : {u"txtAsunto", u"cboUsuario", u"dtpFechaAlta", u"chkAvisoNota", u"txtNotas",
-                              u"cmdCategorias", u"LsvDocu", u"dtpFechaAviso", u"cboUsuarioAviso"})
+                              u"cmdCategorias", u"dtpFechaAviso", u"cboUsuarioAviso"})
     in(u"Nota", name, [&] {
       EXPECT_TRUE(check()) << toUtf8(name);
       EXPECT_TRUE(host.events.empty()) << toUtf8(name);
     });
   for (const TextView name : {u"txtUbicacion", u"txtTfnoCliente", u"dtpHoraFin", u"chkAnulada"})
     in(u"Visita", name, [&] { EXPECT_TRUE(check()) << toUtf8(name); });
+}
+
+TEST_F(Validation, the_list_of_documents_passes) {
+  openCard(u"Nota", {}, [&] {
+    control(u"LsvDocu").setVisible(true);
+    ASSERT_TRUE(user.enters(u"LsvDocu"));
+    instance.EstadoFicha = modificada;
+    EXPECT_TRUE(check());
+    EXPECT_TRUE(host.events.empty());
+    putAway();
+  });
 }
 
 TEST_F(Validation, categories_and_media_are_the_hosts_to_judge) {

@@ -238,6 +238,7 @@ TEST_F(CommandRouting, opening_the_document_menus_refreshes_their_tools) {
       openOn(kind, [&] {
         attachments().Add({u"120F00.doc", u"Contrato.doc", u"doc"});
         attachments().select(1);
+        attachments().setVisible(true);
         ASSERT_TRUE(user.enters(u"LsvDocu"));
         for (const TextView tool : {u"ID_Abrir", u"ID_Pegar"})
           form().toolbars().tool(tool)->setEnabled(false);
@@ -266,6 +267,7 @@ TEST_F(CommandRouting, a_model_is_made_of_the_list_of_the_screens_form_and_a_del
   openOn(u"Nota", [&] {
     const auto other = kit::named(u"Otra");
     here.screen.activeFormOf = [&]() -> ObjectRef { return other; };
+    here.files.putFolder(u"\\Datos\\Agencia\\Doc1\\Doc2\\Doc0");
     attachments().Add({u"120F00.doc", u"Contrato.doc", u"doc"});
     attachments().select(1);
     command(u"Documentos", u"ID_Quitar");

@@ -299,6 +299,11 @@ class DocumentTools : public ToolState {
     attachments->Add({u"120F00.doc", u"Contrato.doc", u"doc"});
     attachments->Add({u"120F01.pdf", u"Plano.pdf", u"win"});
   }
+
+  void enterList() {
+    control(u"LsvDocu").setVisible(true);
+    ASSERT_TRUE(user.enters(u"LsvDocu"));
+  }
 };
 
 TEST_F(DocumentTools, follow_the_selection_while_the_list_has_the_focus) {
@@ -306,7 +311,7 @@ TEST_F(DocumentTools, follow_the_selection_while_the_list_has_the_focus) {
     openOn(kind, [&] {
       fillList();
       form().as<forms::ListView>(u"LsvDocu")->select(2);
-      ASSERT_TRUE(user.enters(u"LsvDocu"));
+      enterList();
       setAll(false);
       CambiarMenuNotas(instance);
       EXPECT_EQ(changedFrom(false), sorted(attachmentTools));
@@ -331,7 +336,7 @@ TEST_F(DocumentTools, are_off_while_nothing_is_selected) {
   openOn(u"Nota", [&] {
     for (const bool filled : {false, true}) {
       if (filled) fillList();
-      ASSERT_TRUE(user.enters(u"LsvDocu"));
+      enterList();
       setAll(true);
       here.clipboard.holdsFiles = true;
       CambiarMenuNotas(instance);

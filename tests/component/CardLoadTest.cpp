@@ -155,7 +155,8 @@ TEST_F(CardLoad, puts_the_window_where_it_was) {
 
 TEST_F(CardLoad, recalls_the_pane_width_without_applying_it) {
   here.settings.put(u"Agencia", u"frmNota", u"DocsWidth", u"3100");
-  openCard(u"Nota", {}, [&] {
+  givenList(u"Nota", {{}}, {u"NArchivos"});
+  openCard([&] {
     EXPECT_EQ(tag(u"splitDocumentos"), u"3100");
     EXPECT_EQ(form().as<forms::Splitter>(u"splitDocumentos")->PaneWidth(), 2200);
   });
@@ -169,7 +170,8 @@ TEST_F(CardLoad, reads_the_pane_width_under_the_hosts_title) {
   host.cApp->with(u"title", u"Otra");
   here.settings.put(u"Agencia", u"frmNota", u"DocsWidth", u"1");
   here.settings.put(u"Otra", u"frmNota", u"DocsWidth", u"2");
-  openCard(u"Nota", {}, [&] { EXPECT_EQ(tag(u"splitDocumentos"), u"2"); });
+  givenList(u"Nota", {{}}, {u"NArchivos"});
+  openCard([&] { EXPECT_EQ(tag(u"splitDocumentos"), u"2"); });
 }
 
 // Failures.

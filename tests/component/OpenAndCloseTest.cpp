@@ -119,7 +119,8 @@ TEST_F(OpenAndClose, the_same_form_opens_again_and_fills_its_lists_afresh_after_
 
 TEST_F(OpenAndClose, a_form_that_was_only_hidden_opens_again_as_it_was) {
   here.settings.put(u"Agencia", u"frmVisita", u"DocsWidth", u"1000");
-  openCard(u"Visita", {}, [&] {
+  givenList(u"Visita", {{}}, {u"NArchivos"});
+  openCard([&] {
     form().setKeyPreview(false);
     form().Hide();
   });
@@ -129,7 +130,7 @@ TEST_F(OpenAndClose, a_form_that_was_only_hidden_opens_again_as_it_was) {
   here.settings.put(u"Agencia", u"frmVisita", u"DocsWidth", u"1500");
   here.settings.put(u"Agencia", u"frmVisita", u"Top", u"900");
   nota.bPermitirCreacion = false;
-  openCard(u"Visita", {}, [&] {
+  openCard([&] {
     EXPECT_EQ(form().as<forms::ComboBox>(u"cboTiempoAviso")->entries().size(), 19u) << "not 38";
     EXPECT_EQ(form().as<forms::ComboBox>(u"cboUsuario")->entries().size(), 3u) << "the list is stale";
     EXPECT_EQ(tag(u"splitDocumentos"), u"1000");
@@ -145,7 +146,7 @@ TEST_F(OpenAndClose, a_closing_in_state_0_stores_place_and_pane_width_and_asks_n
 }
 
 TEST_F(OpenAndClose, a_closing_stores_the_width_to_which_the_pane_was_dragged) {
-  givenList(u"Nota");
+  givenList(u"Nota", {{}}, {u"NArchivos"});
   EXPECT_EQ(stored([&] {
               control(u"splitDocumentos").Tag = u"999";
               user.dragsPane(1750);
@@ -169,7 +170,7 @@ TEST_F(OpenAndClose, a_closing_of_a_minimised_card_stores_no_place) {
 }
 
 TEST_F(OpenAndClose, a_card_opens_where_it_was_closed) {
-  givenList(u"Nota");
+  givenList(u"Nota", {{}}, {u"NArchivos"});
   openCard([&] {
     form().userMoves(300, 400);
     user.resizes(8000, 5000);

@@ -73,9 +73,26 @@ Text FakeFiles::firstMatch(TextView pathOrMask) {
   checkReachable(pathOrMask);
   const Text whole = pathOrMask.ends_with(u'\\') ? keyOf(pathOrMask) + u"\\*" : keyOf(pathOrMask);
   const Text folder = parentOf(whole), mask = lastOf(whole);
+  if (mask.find_first_of(u"*?") == Text::npos) {
+    const auto named = nodes_.find(whole);
+    return named == nodes_.end() || named->second.folder ? Text() : named->second.name;
+  }
   for (const auto& [key, node] : nodes_)
     if (!node.folder && parentOf(key) == folder && wildcardMatch(mask, lastOf(key))) return node.name;
   return {};
+}
+
+std::vector<Text> FakeFiles::filesBelow(TextView folder) const {
+  const Text start = keyOf(folder) + u"\\";
+  std::vector<Text> paths;
+  for (const auto& [key, node] : nodes_) {
+    if (node.folder || !key.starts_with(start)) continue;
+    Text path = node.name;
+    for (Text above = parentOf(key); above.size() >= start.size(); above = parentOf(above))
+      path = nodes_.at(above).name + u"\\" + path;
+    paths.push_back(path);
+  }
+  return paths;
 }
 
 std::vector<Files::Entry> FakeFiles::list(TextView folder) {
@@ -110,8 +127,10 @@ void FakeFiles::makeDirectory(TextView path) {
 void FakeFiles::copy(TextView from, TextView to, bool replace) {
   faults_.visit("Files.copy");
   const Node source = existing(from);
+  checkWritable(to);
   if (source.folder) throw Failure(failure::pathFileAccess);
   if (find(to) && !replace) throw Failure(failure::fileAlreadyExists);
+  if (keyOf(from) == keyOf(to)) throw Failure(failure::permissionDenied);
   Node& target = forWriting(to);
   target.content = source.content;
   target.modified = source.modified;
@@ -151,24 +170,34 @@ FakeFiles::Node& FakeFiles::existing(TextView path) {
   checkReachable(path);
   const Text key = keyOf(path);
   const auto found = nodes_.find(key);
-  if (found != nodes_.end()) return found->second;
-  checkFolderOf(key);
-  throw Failure(failure::fileNotFound);
+  if (found == nodes_.end()) {
+    checkFolderOf(key);
+    throw Failure(failure::fileNotFound);
+  }
+  if (path.ends_with(u'\\') && !found->second.folder) throw Failure(failure::pathNotFound);
+  return found->second;
 }
 
 FakeFiles::Node& FakeFiles::forWriting(TextView path) {
-  checkReachable(path);
-  const Text key = keyOf(path);
-  checkFolderOf(key);
-  Node& node = nodes_.try_emplace(key, Node{.name = lastOf(plain(path))}).first->second;
-  if (node.folder) throw Failure(failure::pathFileAccess);
+  checkWritable(path);
+  Node& node = nodes_.try_emplace(keyOf(path), Node{.name = lastOf(plain(path))}).first->second;
   if (node.locked) throw Failure(failure::permissionDenied);
   return node;
 }
 
 const FakeFiles::Node* FakeFiles::find(TextView path) const {
   const auto found = nodes_.find(keyOf(path));
-  return found == nodes_.end() ? nullptr : &found->second;
+  if (found == nodes_.end()) return nullptr;
+  return path.ends_with(u'\\') && !found->second.folder ? nullptr : &found->second;
+}
+
+void FakeFiles::checkWritable(TextView path) const {
+  checkReachable(path);
+  const Text key = keyOf(path);
+  checkFolderOf(key);
+  const auto found = nodes_.find(key);
+  const bool namesFolder = path.ends_with(u'\\') || (found != nodes_.end() && found->second.folder);
+  if (namesFolder) throw Failure(failure::pathFileAccess);
 }
 
 void FakeFiles::checkFolderOf(const Text& key) const {
@@ -177,9 +206,10 @@ void FakeFiles::checkFolderOf(const Text& key) const {
 }
 
 void FakeFiles::checkReachable(TextView path) const {
-  if (path.starts_with(u'\\')) return;
   const auto drive = drives_.find(path.substr(0, 2));
-  if (drive == drives_.end() || !drive->second.ready) throw Failure(failure::pathNotFound);
+  const bool onDrive = drive != drives_.end() && drive->second.ready;
+  if (!path.starts_with(u'\\') && !onDrive) throw Failure(failure::pathNotFound);
+  if (path.find(u'\0') != TextView::npos) throw Failure(failure::pathFileAccess);
 }
 
 }  // namespace ovalia::kit

@@ -24,7 +24,8 @@ class FakeFiles : public Files {
 
   // Looking at it.
   bool exists(TextView path) const;
-  Text content(TextView path) const;  // "" and a test failure where there is no such file
+  Text content(TextView path) const;                    // "" and a test failure where there is no such file
+  std::vector<Text> filesBelow(TextView folder) const;  // paths from there, as spelt, in their order
 
   std::vector<std::pair<Text, Text>> appended;  // every append that went through: path as given, text
 
@@ -58,6 +59,7 @@ class FakeFiles : public Files {
   Node& forWriting(TextView path);
   const Node* find(TextView path) const;
   void checkFolderOf(const Text& key) const;
+  void checkWritable(TextView path) const;
   void checkReachable(TextView path) const;
 
   FaultPanel& faults_;

@@ -42,6 +42,7 @@ TEST(Failure, every_number_of_the_runtime_and_the_database_has_a_text_of_its_own
                                   rt::outOfMemory,
                                   rt::indexOutOfRange,
                                   rt::typeMismatch,
+                                  rt::outOfStackSpace,
                                   rt::internalError,
                                   rt::fileNotFound,
                                   rt::fileAlreadyExists,

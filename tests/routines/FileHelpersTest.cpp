@@ -130,6 +130,63 @@ TEST_F(Deleting, a_file_that_cannot_be_looked_for_is_a_failure_too) {
   EXPECT_FALSE(BorrarFichero(u"envio.zip", true));
 }
 
+class FilteredName : public kit::LogicTest {};
+
+TEST_F(FilteredName, loses_what_cannot_stand_in_a_files_name) {
+  struct {
+    TextView name, filtered;
+  } const rows[] = {
+      {u"a/b:c.doc", u"abc.doc"},
+      {u"\"'*?:/\\|<>", u""},
+      {u"¿Qué? <ático> 'ñ'.doc", u"¿Qué ático ñ.doc"},
+      {u" informe . final..doc ", u" informe . final..doc "},
+      {u"..\\..\\agencia.db", u"....agencia.db"},
+      {u"", u""},
+  };
+  for (const auto& row : rows) EXPECT_EQ(filtrarNombreArchivo(row.name), row.filtered);
+}
+
+class Recycling : public kit::LogicTest {
+ protected:
+  Recycling() { here.files.putFile(u"\\datos\\viejo.doc"); }
+};
+
+TEST_F(Recycling, sends_the_file_to_the_bin_without_a_word) {
+  EnviarAPapelera(u"\\datos\\viejo.doc");
+  EXPECT_EQ(here.shell.recycled, std::vector<Text>{u"\\datos\\viejo.doc"});
+  EXPECT_FALSE(here.files.exists(u"\\datos\\viejo.doc"));
+}
+
+TEST_F(Recycling, a_missing_file_is_told_with_the_systems_numbers) {
+  expectBox(u"Error devuelto: 2, 2");
+  EnviarAPapelera(u"\\datos\\otro.doc");
+}
+
+TEST_F(Recycling, a_refusal_is_told_with_code_and_error_and_leaves_the_file) {
+  here.shell.nextRecycle = Shell::RecycleResult{.code = 5, .lastError = 32};
+  expectBox(u"Error devuelto: 5, 32");
+  EnviarAPapelera(u"\\datos\\viejo.doc");
+  EXPECT_TRUE(here.files.exists(u"\\datos\\viejo.doc"));
+}
+
+TEST_F(Recycling, that_the_user_stopped_is_told) {
+  here.shell.nextRecycle = Shell::RecycleResult{.aborted = true};
+  expectBox(u"Operación abortada");
+  EnviarAPapelera(u"\\datos\\viejo.doc");
+}
+
+TEST_F(Recycling, a_refusal_that_was_stopped_too_is_told_once) {
+  here.shell.nextRecycle = Shell::RecycleResult{.code = 5, .lastError = 5, .aborted = true};
+  expectBox(u"Error devuelto: 5, 5");
+  EnviarAPapelera(u"\\datos\\viejo.doc");
+}
+
+TEST_F(Recycling, a_bin_that_fails_is_reported) {
+  here.faults.failNext("Shell.recycle", 51);
+  expectReport(u"EnviarAPapelera() de RutinasErr", 51);
+  EnviarAPapelera(u"\\datos\\viejo.doc");
+}
+
 class FolderCheck : public kit::LogicTest {
  protected:
   kit::FakeScreen::Expectation& expectQuestion(Text path, int answer) {
