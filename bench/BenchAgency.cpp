@@ -52,8 +52,9 @@ void fill(BareConnection& connection, int annotations) {
     connection.run(
         ("INSERT INTO TipoAccNota VALUES (" + std::to_string(i) + ", 'Acceso " + std::to_string(i) + "')")
             .c_str());
-  sqlite3_stmt* const insert =
+  const BareStatement statement =
       connection.prepare("INSERT INTO NotaIP VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
+  sqlite3_stmt* const insert = statement.get();
   for (int i = 1; i <= annotations; ++i) {
     const std::string subject = chance.text(2 + chance.below(6));
     const std::string notes = chance.text(chance.below(10) == 0 ? 60 : chance.below(12));
@@ -77,7 +78,6 @@ void fill(BareConnection& connection, int annotations) {
     if (sqlite3_step(insert) != SQLITE_DONE) throw std::runtime_error("cannot fill the agency");
     sqlite3_reset(insert);
   }
-  sqlite3_finalize(insert);
   connection.run("COMMIT");
 }
 
@@ -99,27 +99,6 @@ std::string agencyFile(int annotations) {
   }
   std::filesystem::rename(unfinished, file);
   return file;
-}
-
-BareConnection::BareConnection(const std::string& file) {
-  const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX;
-  if (sqlite3_open_v2(file.c_str(), &connection_, flags, nullptr) != SQLITE_OK)
-    throw std::runtime_error("cannot open " + file);
-  run("PRAGMA synchronous = FULL; PRAGMA foreign_keys = ON");
-}
-
-BareConnection::~BareConnection() { sqlite3_close(connection_); }
-
-sqlite3_stmt* BareConnection::prepare(const char* sql) {
-  sqlite3_stmt* statement = nullptr;
-  if (sqlite3_prepare_v3(connection_, sql, -1, SQLITE_PREPARE_PERSISTENT, &statement, nullptr) != SQLITE_OK)
-    throw std::runtime_error(sqlite3_errmsg(connection_));
-  return statement;
-}
-
-void BareConnection::run(const char* sql) {
-  if (sqlite3_exec(connection_, sql, nullptr, nullptr, nullptr) != SQLITE_OK)
-    throw std::runtime_error(sqlite3_errmsg(connection_));
 }
 
 }  // namespace ovalia::bench

@@ -1,9 +1,8 @@
 #pragma once
 
-#include <sqlite3.h>
-
 #include <string>
 
+#include "bench/Bare.h"
 #include "platform/Text.h"
 
 namespace ovalia::bench {
@@ -36,19 +35,9 @@ inline constexpr const char* bareKeys =
     "JOIN TipoAccNota "
     "ON NotaIP.IdTipoAccNota = TipoAccNota.IdTipoAccNota ORDER BY FechaAlta";
 
-// A bare connection with the settings that the engine opens its own with.
-class BareConnection {
- public:
-  explicit BareConnection(const std::string& file);
-  ~BareConnection();
-  BareConnection(const BareConnection&) = delete;
-  BareConnection& operator=(const BareConnection&) = delete;
-
-  sqlite3_stmt* prepare(const char* sql);  // finalized by the caller
-  void run(const char* sql);
-
- private:
-  sqlite3* connection_ = nullptr;
-};
+inline constexpr const char* bareContains =
+    "SELECT NotaIP.IdNotaIP FROM (NotaIP LEFT JOIN Usuario ON NotaIP.IdUsuario = Usuario.IdUsuario) LEFT "
+    "JOIN TipoAccNota "
+    "ON NotaIP.IdTipoAccNota = TipoAccNota.IdTipoAccNota WHERE Notas LIKE ?1";
 
 }  // namespace ovalia::bench

@@ -1,74 +1,204 @@
+// What a card costs, without a window: filled from its record, moved on, typed into and saved, over lists of
+// different lengths. What does not touch the whole list must not grow with it.
+
 #include <benchmark/benchmark.h>
 
-#include <filesystem>
-
+#include "bench/Bare.h"
+#include "bench/HostAgency.h"
 #include "bench/QuietPlatform.h"
+#include "bench/QuietWindow.h"
+#include "cards/Navigation.h"
 #include "cards/RecordToCard.h"
+#include "cards/Saving.h"
 #include "component/EventRouting.h"
 #include "engines/Open.h"
-#include "host/BulkFile.h"
 #include "host/Queries.h"
 #include "instance/Kinds.h"
 #include "routines/ModuleValues.h"
 
-// What showing a card costs, without a window: the fill of every control, the title and the counters, on
-// lists of different lengths. The statements are the same ones, so the figure must not grow with the list.
-namespace ovalia {
-
+namespace ovalia::bench {
 namespace {
 
-std::filesystem::path agencyOf(int annotations) {
-  const std::filesystem::path folder = "build/bench-data";
-  std::filesystem::create_directories(folder);
-  const auto file = folder / ("agencia-" + std::to_string(annotations) + ".db");
-  if (!std::filesystem::exists(file)) host::makeDatabaseFile(file, annotations);
-  return file;
+struct CardRow {
+  const Kind& kind;
+  TextView table, key;
+  std::vector<std::string> lookups;  // by a number, that a fill makes beside reading the row
+};
+
+const CardRow& notes() {
+  static const CardRow row{*kindOf(u"Nota"), u"NotaIP", u"IdNota", {}};
+  return row;
 }
 
+const CardRow& visits() {
+  static const CardRow row{
+      *kindOf(u"Visita"),
+      u"VisitaIP",
+      u"IdVisita",
+      {"SELECT Tfno1 FROM Cliente WHERE IdCliente = ?1", "SELECT Nombre FROM Usuario WHERE IdUsuario = ?1"}};
+  return row;
+}
+
+Text listOf(const CardRow& row) { return host::wholeTableQuery(host::annotationTable(row.table)); }
+
+// A card filled from the first record of the whole table's list.
 struct OpenCard {
-  OpenCard(const std::filesystem::path& file, const Kind& kind, TextView table) {
-    const auto database = engines::open(fromUtf8(file.string()));
+  OpenCard(const std::string& file, const CardRow& row) {
+    const auto database = engines::open(fromUtf8(file));
     moduleValues().cgDB = database;
     auto app = std::make_shared<MemberTable>();
     app->value(u"title", u"Ovalia");
     surface.cApp = app;
-    surface.Tipo = kind.tipo;
-    surface.cUsuario = Text();
+    surface.Tipo = row.kind.tipo;
     const auto users = database->OpenRecordset(u"SELECT Nombre FROM Usuario", dao::dbOpenSnapshot);
     surface.cUsuario = users->value(u"Nombre").text();
     surface.TipoAccNota = u"TipoAccNota";
-    surface.crs = database->OpenRecordset(host::wholeTableQuery(host::annotationTable(table)));
-    surface.crs->MoveFirst();
-    nota.dNota = std::make_shared<forms::CardForm>(kind.design());
+    surface.crs = database->OpenRecordset(listOf(row));
+    nota.dNota = std::make_shared<forms::CardForm>(row.kind.design());
     connectCard(nota, *nota.dNota);
   }
   ~OpenCard() {
     nota.dNota.reset();
     moduleValues() = {};
   }
-  bench::QuietPlatform platform;
+  dao::Recordset& list() { return *surface.crs; }
+
+  // Fills the card and shows it in the window that there is.
+  void show() {
+    RefrescoFicha(nota, u"");
+    nota.card().Show();
+  }
+
+  QuietPlatform platform;
   NotaSurface surface;
   Instance nota{surface};
 };
 
-void show(benchmark::State& state, const Kind& kind, TextView table) {
-  OpenCard open(agencyOf(static_cast<int>(state.range(0))), kind, table);
-  dao::Recordset& list = *open.surface.crs;
-  for (auto _ : state) {
-    list.MoveNext();
-    if (list.isEOF()) list.MoveFirst();
-    RefrescoFicha(open.nota, u"");
-    if (open.nota.EstadoFicha != limpia) state.SkipWithError("the card was not filled");
-  }
-  state.counters["rows"] = list.RecordCount();
+void expectState(benchmark::State& state, const OpenCard& open, std::int32_t wanted) {
+  if (open.nota.EstadoFicha != wanted) state.SkipWithError("the card is not in the state that was wanted");
 }
 
-void nextNote(benchmark::State& state) { show(state, *kindOf(u"Nota"), u"NotaIP"); }
-void nextVisit(benchmark::State& state) { show(state, *kindOf(u"Visita"), u"VisitaIP"); }
+void RefrescoFicha_Card(benchmark::State& state, const CardRow& row) {
+  OpenCard open(hostAgencyFile(static_cast<int>(state.range(0))), row);
+  for (auto _ : state) {
+    open.list().MoveNext();
+    if (open.list().isEOF()) open.list().MoveFirst();
+    RefrescoFicha(open.nota, u"");
+    expectState(state, open, limpia);
+  }
+  state.counters["rows"] = open.list().RecordCount();
+}
 
-BENCHMARK(nextNote)->Name("card/RefrescoFicha_note")->Arg(1000)->Arg(1000000);
-BENCHMARK(nextVisit)->Name("card/RefrescoFicha_visit")->Arg(1000)->Arg(1000000);
+// The user's step to the next record: checks, the move, the fill.
+void Siguiente_Card(benchmark::State& state, const CardRow& row) {
+  OpenCard open(hostAgencyFile(static_cast<int>(state.range(0))), row);
+  RefrescoFicha(open.nota, u"");
+  for (auto _ : state) {
+    if (open.list().AbsolutePosition() + 1 == open.list().RecordCount()) open.list().MoveFirst();
+    Siguiente(open.nota);
+    expectState(state, open, limpia);
+  }
+}
+
+// The statements alone: the next key's row and the look-ups.
+void Siguiente_Bare(benchmark::State& state, const CardRow& row) {
+  BareConnection connection(hostAgencyFile(static_cast<int>(state.range(0))));
+  const Text list = listOf(row);
+  const Text from = list.substr(0, list.find(u" ORDER BY"));
+  const Text key = Text(row.table) + u"." + Text(row.key);
+  const BareStatement read = connection.prepare(toUtf8(from + u" WHERE " + key + u" = ?1"));
+  const std::vector<std::int32_t> keys =
+      readKeys(connection.prepare(toUtf8(u"SELECT " + key + list.substr(list.find(u" FROM ")))).get());
+  std::vector<BareStatement> lookups;
+  for (const std::string& sql : row.lookups) lookups.push_back(connection.prepare(sql));
+  std::size_t place = 0;
+  for (auto _ : state) {
+    if (++place == keys.size()) place = 0;
+    benchmark::DoNotOptimize(readRow(read.get(), keys[place]));
+    for (const BareStatement& lookup : lookups) benchmark::DoNotOptimize(readRow(lookup.get(), 1));
+  }
+}
+
+// From a key's press in the text box to the state and the tools that follow from it.
+void Keystroke_Card(benchmark::State& state) {
+  OpenCard open(hostAgencyFile(static_cast<int>(state.range(0))), notes());
+  const QuietWindow window([&] {
+    forms::TextBox& box = *open.nota.card().as<forms::TextBox>(u"txtNotas");
+    const Text typed[] = {box.text() + u"x", box.text() + u"xy"};
+    open.nota.card().userFocuses(box);
+    std::size_t keys = 0;
+    for (auto _ : state) {
+      box.userTypes(typed[++keys % 2]);
+      expectState(state, open, modificada);
+    }
+  });
+  open.show();
+}
+
+void Guardar_Card(benchmark::State& state) {
+  OpenCard open(writableHostAgency(static_cast<int>(state.range(0))), notes());
+  const QuietWindow window([&] {
+    forms::TextBox& box = *open.nota.card().as<forms::TextBox>(u"txtNotas");
+    const Text typed[] = {u"Guardada una vez", u"Guardada otra vez"};
+    std::size_t saves = 0;
+    for (auto _ : state) {
+      state.PauseTiming();
+      box.userTypes(typed[++saves % 2]);
+      if (open.nota.EstadoFicha != modificada) std::abort();
+      state.ResumeTiming();
+      Guardar(open.nota, u"");
+      expectState(state, open, limpia);
+    }
+  });
+  open.show();
+}
+
+// The statement that a save of the same card ends in, on the same row, and its commit.
+void Guardar_Bare(benchmark::State& state) {
+  const std::string file = writableHostAgency(static_cast<int>(state.range(0)));
+  const auto database = engines::open(fromUtf8(file));
+  const std::int32_t key = database->OpenRecordset(listOf(notes()))->fields().at(0)->Value().toLong();
+  database->Close();
+  BareConnection connection(file);
+  const BareStatement row = connection.prepare(
+      "SELECT Asunto, IdTipoAccNota, Categorias, Aviso, FechaAviso, FechaAlta FROM NotaIP WHERE IdNota = ?1");
+  const BareStatement update = connection.prepare(
+      "UPDATE NotaIP SET Asunto = ?1, IdTipoAccNota = ?2, Categorias = ?3, Aviso = ?4, FechaAviso = ?5, "
+      "FechaAlta = ?6, FechaActualizacion = ?7, Notas = ?8 WHERE IdNota = ?9");
+  sqlite3_bind_int(row.get(), 1, key);
+  if (sqlite3_step(row.get()) != SQLITE_ROW) return state.SkipWithError("there is no such row");
+  for (int i = 0; i < sqlite3_column_count(row.get()); ++i)
+    sqlite3_bind_value(update.get(), i + 1, sqlite3_column_value(row.get(), i));
+  sqlite3_reset(row.get());
+  const char* const typed[] = {"Guardada una vez", "Guardada otra vez"};
+  std::size_t saves = 0;
+  for (auto _ : state) {
+    sqlite3_bind_double(update.get(), 7, 46'000 + static_cast<double>(++saves) / 86'400);
+    sqlite3_bind_text(update.get(), 8, typed[saves % 2], -1, SQLITE_TRANSIENT);
+    sqlite3_bind_int(update.get(), 9, key);
+    if (sqlite3_step(update.get()) != SQLITE_DONE) state.SkipWithError("the row was not written");
+    sqlite3_reset(update.get());
+  }
+}
+
+void RefrescoFicha_Note(benchmark::State& state) { RefrescoFicha_Card(state, notes()); }
+void RefrescoFicha_Visit(benchmark::State& state) { RefrescoFicha_Card(state, visits()); }
+void Siguiente_Note(benchmark::State& state) { Siguiente_Card(state, notes()); }
+void Siguiente_Visit(benchmark::State& state) { Siguiente_Card(state, visits()); }
+void Siguiente_NoteBare(benchmark::State& state) { Siguiente_Bare(state, notes()); }
+void Siguiente_VisitBare(benchmark::State& state) { Siguiente_Bare(state, visits()); }
+
+#define OVALIA_CARD(name) BENCHMARK(name)->Name("card/" #name)->Arg(1'000)->Arg(1'000'000)
+OVALIA_CARD(RefrescoFicha_Note);
+OVALIA_CARD(RefrescoFicha_Visit);
+OVALIA_CARD(Siguiente_NoteBare);
+OVALIA_CARD(Siguiente_Note);
+OVALIA_CARD(Siguiente_VisitBare);
+OVALIA_CARD(Siguiente_Visit);
+OVALIA_CARD(Keystroke_Card);
+// Most of a save is waiting for the disk.
+OVALIA_CARD(Guardar_Bare)->UseRealTime();
+OVALIA_CARD(Guardar_Card)->UseRealTime();
 
 }  // namespace
-
-}  // namespace ovalia
+}  // namespace ovalia::bench

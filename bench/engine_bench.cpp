@@ -14,53 +14,15 @@ namespace {
 
 constexpr int stride = 7919;  // prime, so that a walk by it meets every row
 
-// The bare side reads a row as a careful program would: every column by its type, texts with their length.
-std::int64_t readRow(sqlite3_stmt* row) {
-  std::int64_t sum = 0;
-  const int columns = sqlite3_column_count(row);
-  for (int i = 0; i < columns; ++i) switch (sqlite3_column_type(row, i)) {
-      case SQLITE_INTEGER:
-        sum += sqlite3_column_int64(row, i);
-        break;
-      case SQLITE_FLOAT:
-        sum += static_cast<std::int64_t>(sqlite3_column_double(row, i));
-        break;
-      case SQLITE_TEXT: {
-        benchmark::DoNotOptimize(sqlite3_column_text16(row, i));
-        sum += sqlite3_column_bytes16(row, i);
-        break;
-      }
-      default:
-        break;
-    }
-  return sum;
-}
-
-struct Finalize {
-  void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
-};
-using BareStatement = std::unique_ptr<sqlite3_stmt, Finalize>;
-
 struct Bare {
   explicit Bare(benchmark::State& state)
       : connection(agencyFile(static_cast<int>(state.range(0)))),
         row(connection.prepare(bareRow)),
         keys(connection.prepare(bareKeys)) {}
 
-  std::vector<std::int32_t> readKeys() {
-    std::vector<std::int32_t> all;
-    while (sqlite3_step(keys.get()) == SQLITE_ROW) all.push_back(sqlite3_column_int(keys.get(), 0));
-    sqlite3_reset(keys.get());
-    return all;
-  }
+  std::vector<std::int32_t> readKeys() { return bench::readKeys(keys.get()); }
 
-  std::int64_t show(std::int32_t key) {
-    sqlite3_bind_int(row.get(), 1, key);
-    std::int64_t sum = 0;
-    if (sqlite3_step(row.get()) == SQLITE_ROW) sum = readRow(row.get());
-    sqlite3_reset(row.get());
-    return sum;
-  }
+  std::int64_t show(std::int32_t key) { return readRow(row.get(), key); }
 
   BareConnection connection;
   BareStatement row, keys;
@@ -163,8 +125,8 @@ void FirstFindByKey_Engine(benchmark::State& state) {
 // A text that no note holds, so that every row is looked at.
 void Contains_Bare(benchmark::State& state) {
   Bare bare(state);
-  const BareStatement count(
-      bare.connection.prepare("SELECT Count(*) FROM NotaIP WHERE Notas LIKE '%zaguán%'"));
+  const BareStatement count =
+      bare.connection.prepare("SELECT Count(*) FROM NotaIP WHERE Notas LIKE '%zaguán%'");
   for (auto _ : state) {
     sqlite3_step(count.get());
     sqlite3_reset(count.get());
@@ -178,10 +140,38 @@ void Contains_Engine(benchmark::State& state) {
         u"SELECT Count(*) FROM NotaIP WHERE Notas Like '*zaguán*'", dao::dbOpenSnapshot));
 }
 
+// The same as a search of the list, another text each time as people search.
+void FindContains_Bare(benchmark::State& state) {
+  Bare bare(state);
+  const BareStatement find = bare.connection.prepare(bareContains);
+  int number = 0;
+  for (auto _ : state) {
+    const std::string pattern = "%zaguán " + std::to_string(++number) + "%";
+    sqlite3_bind_text(find.get(), 1, pattern.c_str(), -1, SQLITE_TRANSIENT);
+    if (sqlite3_step(find.get()) == SQLITE_ROW) state.SkipWithError("a text was found that is not there");
+    sqlite3_reset(find.get());
+  }
+}
+
 void FindContains_Engine(benchmark::State& state) {
   const auto database = openEngine(state);
   const auto set = database->OpenRecordset(listOfNotes);
-  for (auto _ : state) set->FindFirst(u"Notas Like '*zaguán*'");
+  int number = 0;
+  for (auto _ : state) {
+    set->FindFirst(u"Notas Like '*zaguán " + toText(++number) + u"*'");
+    if (!set->NoMatch()) state.SkipWithError("a text was found that is not there");
+  }
+}
+
+// On with the search just made.
+void FindNextContains_Engine(benchmark::State& state) {
+  const auto database = openEngine(state);
+  const auto set = database->OpenRecordset(listOfNotes);
+  set->FindFirst(u"Notas Like '*ático*'");
+  for (auto _ : state) {
+    set->FindNext(u"Notas Like '*ático*'");
+    if (set->NoMatch()) set->MoveFirst();
+  }
 }
 
 #define OVALIA_SIZES(name) BENCHMARK(name)->Arg(1'000)->Arg(1'000'000)
@@ -195,7 +185,9 @@ OVALIA_SIZES(FindByKey_Engine);
 OVALIA_SIZES(FirstFindByKey_Engine)->Unit(benchmark::kMicrosecond);
 OVALIA_SIZES(Contains_Bare)->Unit(benchmark::kMicrosecond);
 OVALIA_SIZES(Contains_Engine)->Unit(benchmark::kMicrosecond);
+OVALIA_SIZES(FindContains_Bare)->Unit(benchmark::kMicrosecond);
 OVALIA_SIZES(FindContains_Engine)->Unit(benchmark::kMicrosecond);
+OVALIA_SIZES(FindNextContains_Engine)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 }  // namespace ovalia::bench

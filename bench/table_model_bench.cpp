@@ -5,12 +5,15 @@
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QSqlQueryModel>
-#include <filesystem>
 #include <string>
+
+#include "bench/HostAgency.h"
 
 // What one would pick instead of the dynaset: the toolkit's own table model on the same list, read to its end
 // so that the number of rows is known.
 namespace {
+
+constexpr const char* connectionName = "bench";
 
 std::size_t residentBytes() {
   long pages = 0, resident = 0;
@@ -26,13 +29,9 @@ void openModel(benchmark::State& state) {
   static char name[] = "bench";
   static char* argv[] = {name, nullptr};
   if (!QCoreApplication::instance()) new QCoreApplication(argc, argv);
-  const std::string file = "build/bench-data/agencia-" + std::to_string(state.range(0)) + ".db";
-  if (!std::filesystem::exists(file)) {
-    state.SkipWithError("the agency's file is made by the card benchmarks: run them first");
-    return;
-  }
-  auto database = QSqlDatabase::addDatabase("QSQLITE", "bench");
-  database.setDatabaseName(QString::fromStdString(file));
+  auto database = QSqlDatabase::addDatabase("QSQLITE", connectionName);
+  database.setDatabaseName(
+      QString::fromStdString(ovalia::bench::hostAgencyFile(static_cast<int>(state.range(0)))));
   database.open();
   double bytesARow = 0;
   for (auto _ : state) {
@@ -46,6 +45,9 @@ void openModel(benchmark::State& state) {
       bytesARow = static_cast<double>(residentBytes() - before) / model.rowCount();
   }
   state.counters["bytes/row"] = bytesARow;
+  // Nobody may hold a connection that is taken away.
+  database = {};
+  QSqlDatabase::removeDatabase(connectionName);
 }
 
 BENCHMARK(openModel)

@@ -36,9 +36,12 @@ Translation Database::translated(TextView sql) { return translate(sql, catalog()
 
 dao::RecordsetRef Database::OpenRecordset(TextView source, dao::RecordsetType type) {
   const Text sql = selectFrom(source);
-  if (type == dao::dbOpenDynaset)
-    if (auto plan = plans_.take(sql, catalog()))
+  if (type == dao::dbOpenDynaset) {
+    if (auto plan = dynasetPlans_.take(sql, catalog()))
       return std::make_shared<Dynaset>(shared_from_this(), sql, std::move(plan));
+  } else if (auto plan = snapshotPlans_.take(sql, catalog())) {
+    return std::make_shared<Snapshot>(shared_from_this(), sql, std::move(plan));
+  }
   const Translation translation = translated(sql);
   if (translation.kind != StatementKind::Select && translation.kind != StatementKind::Other)
     throw databaseFailure(dao::failure::syntax, sql);
@@ -46,7 +49,8 @@ dao::RecordsetRef Database::OpenRecordset(TextView source, dao::RecordsetType ty
     if (auto query = KeyQuery::of(*translation.select, driver().facts()))
       return std::make_shared<Dynaset>(shared_from_this(), sql,
                                        DynasetPlan::make(std::move(*query), driver(), catalog()));
-  return std::make_shared<Snapshot>(shared_from_this(), sql, translation);
+  return std::make_shared<Snapshot>(shared_from_this(), sql,
+                                    SnapshotPlan::make(translation, driver(), catalog()));
 }
 
 void Database::Execute(TextView sql) {
@@ -76,7 +80,8 @@ std::vector<Text> Database::tableNames() { return driver().tableNames(); }
 void Database::Close() {
   driver();
   for (BaseRecordset* const set : open_) set->shut();
-  plans_.clear();
+  dynasetPlans_.clear();
+  snapshotPlans_.clear();
   catalog_.reset();
   driver_.reset();
 }

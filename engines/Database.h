@@ -5,6 +5,7 @@
 #include "engines/Catalog.h"
 #include "engines/Driver.h"
 #include "engines/DynasetPlan.h"
+#include "engines/SnapshotPlan.h"
 #include "engines/Translator.h"
 
 namespace ovalia::engines {
@@ -29,7 +30,10 @@ class Database : public dao::Database, public std::enable_shared_from_this<Datab
   Catalog& catalog();
   Translation translated(TextView sql);
 
-  PlanShelf& plans() { return plans_; }
+  using DynasetPlans = PlanShelf<DynasetPlan, 8>;
+  using SnapshotPlans = PlanShelf<SnapshotPlan, 32>;
+  DynasetPlans& dynasetPlans() { return dynasetPlans_; }
+  SnapshotPlans& snapshotPlans() { return snapshotPlans_; }
 
   void opened(BaseRecordset& set) { open_.insert(&set); }
   void released(BaseRecordset& set) { open_.erase(&set); }
@@ -37,7 +41,8 @@ class Database : public dao::Database, public std::enable_shared_from_this<Datab
  private:
   std::unique_ptr<Driver> driver_;
   std::optional<Catalog> catalog_;
-  PlanShelf plans_;
+  DynasetPlans dynasetPlans_;
+  SnapshotPlans snapshotPlans_;
   Text name_;
   std::int32_t affected_ = 0;
   std::set<BaseRecordset*> open_;

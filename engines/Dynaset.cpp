@@ -40,7 +40,7 @@ void Dynaset::start(KeySet keys) {
 }
 
 void Dynaset::reopen() {
-  if (plan_->stillGood(database().catalog())) return start(readKeys(*plan_));
+  if (plan_->age == PlanAge::now(database().catalog())) return start(readKeys(*plan_));
   const Translation translation = database().translated(sql());
   auto query = KeyQuery::of(*translation.select, database().driver().facts());
   if (!query) {
@@ -51,7 +51,7 @@ void Dynaset::reopen() {
 }
 
 void Dynaset::forget() {
-  if (plan_) database().plans().put(sql(), std::move(plan_));
+  if (plan_) database().dynasetPlans().put(sql(), std::move(plan_));
   updateStatement_.reset();
   findStatement_.reset();
   searched_.reset();
@@ -174,6 +174,7 @@ std::vector<std::size_t> Dynaset::changedFields() const {
 Text Dynaset::written(TextView name) const { return writtenName(name, database().driver().facts()); }
 
 Statement& Dynaset::updateStatement(const std::vector<std::size_t>& changed) {
+  if (updateStatement_ && changed == updateFields_) return *updateStatement_;
   const TextView parameter = database().driver().facts().parameter;
   const TableInfo& table = query().baseTable();
   Text sql = u"UPDATE " + written(table.name) + u" SET ";
@@ -186,10 +187,8 @@ Statement& Dynaset::updateStatement(const std::vector<std::size_t>& changed) {
         .append(toText(++number));
   }
   sql.append(u" WHERE ").append(written(table.key)).append(u" = ").append(parameter).append(toText(++number));
-  if (!updateStatement_ || sql != updateSql_) {
-    updateStatement_ = database().driver().prepare(sql, StatementKind::Update);
-    updateSql_ = std::move(sql);
-  }
+  updateStatement_ = database().driver().prepare(sql, StatementKind::Update);
+  updateFields_ = changed;
   return *updateStatement_;
 }
 

@@ -67,7 +67,7 @@ class Dynaset : public BaseRecordset {
 
   bool editing_ = false;
   std::vector<std::optional<Stored>> edits_;  // by field
-  Text updateSql_;
+  std::vector<std::size_t> updateFields_;
   std::unique_ptr<Statement> updateStatement_;
 
   Text findSql_;  // the last search that was made ready: the next may only be for another text

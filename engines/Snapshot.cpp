@@ -3,39 +3,40 @@
 #include <algorithm>
 #include <charconv>
 
-#include "engines/KeyQuery.h"
-#include "engines/ResultFields.h"
+#include "engines/Translator.h"
 
 namespace ovalia::engines {
 
-Snapshot::Snapshot(std::shared_ptr<Database> database, Text sql, const Translation& translation)
+Snapshot::Snapshot(std::shared_ptr<Database> database, Text sql, std::unique_ptr<SnapshotPlan> plan)
     : BaseRecordset(std::move(database), std::move(sql)) {
-  read(translation);
+  read(std::move(plan));
 }
 
-void Snapshot::reopen() { read(database().translated(sql())); }
+void Snapshot::reopen() {
+  auto plan = database().snapshotPlans().take(sql(), database().catalog());
+  if (!plan)
+    plan = SnapshotPlan::make(database().translated(sql()), database().driver(), database().catalog());
+  read(std::move(plan));
+}
 
-void Snapshot::read(const Translation& translation) {
-  const Text ordered = inKeyOrder(translation, database().driver().facts());
-  const auto statement = database().driver().prepare(ordered, StatementKind::Select);
-  auto infos = resultFields(statement->columns(), translation.select ? &*translation.select : nullptr,
-                            database().catalog());
-  if (infos.empty()) throw databaseFailure(dao::failure::syntax, sql());
+void Snapshot::read(std::unique_ptr<SnapshotPlan> plan) {
   Rows fresh;
   std::unique_ptr<RowStream> rest;
-  if (statement->readUpTo(fresh, atOnce)) {
+  if (plan->statement->readUpTo(fresh, atOnce)) {
     // All of one moment: the rows read so far are read again.
     fresh.clear();
-    rest = database().driver().stream(ordered);
+    rest = database().driver().stream(plan->sql);
     if (!rest)
-      statement->readAll(fresh);
+      plan->statement->readAll(fresh);
     else if (!rest->readSome(fresh, atOnce))
       rest.reset();
   }
+  plan->followColumns(database().catalog());
   rest_ = std::move(rest);
   rows_ = std::move(fresh);
-  columns_ = infos.size();
-  setFields(std::make_shared<const std::vector<FieldInfo>>(std::move(infos)));
+  columns_ = plan->fields->size();
+  setFields(plan->fields);
+  database().snapshotPlans().put(sql(), std::move(plan));
 }
 
 // As many as are known of: at least one behind the current row where there is one.

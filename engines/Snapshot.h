@@ -8,7 +8,7 @@ namespace ovalia::engines {
 // what a dynaset falls back to where rows cannot be named one by one: groups, unions, tables without a key.
 class Snapshot : public BaseRecordset {
  public:
-  Snapshot(std::shared_ptr<Database> database, Text sql, const Translation& translation);
+  Snapshot(std::shared_ptr<Database> database, Text sql, std::unique_ptr<SnapshotPlan> plan);
 
   void Edit() override;
   void Update(int type, bool force) override;
@@ -31,7 +31,7 @@ class Snapshot : public BaseRecordset {
   void setFieldValue(std::size_t position, const Variant& value) override;
 
  private:
-  void read(const Translation& translation);
+  void read(std::unique_ptr<SnapshotPlan> plan);
   const Rows::Cell& cell(Place row, std::size_t column) const;
 
   static constexpr std::size_t atOnce = 1'000;  // rows

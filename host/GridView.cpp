@@ -60,7 +60,7 @@ void GridView::fitColumns() {
   int shown = 0;
   for (const Column& column : columns_)
     if (model_->headerData(shown, Qt::Horizontal).toString() == column.heading)
-      setColumnWidth(shown++, character * (column.characters + 3));
+      setColumnWidth(shown++, character * (column.characters + 4));
 }
 
 void GridView::show(dao::RecordsetRef rows, std::int32_t key) {

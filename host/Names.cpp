@@ -70,6 +70,8 @@ std::optional<Text> nearest(std::span<const Text> names, TextView typed) {
   std::size_t least = std::max<std::size_t>(wanted.size() / 3 + 1, 2);
   for (const Text& name : names) {
     const Text candidate = folded(name);
+    // A text pasted into a box of names may be as long as it likes.
+    if (wanted.size() >= candidate.size() + least) continue;
     const std::size_t apart =
         candidate != wanted && candidate.starts_with(wanted) ? 1 : distance(wanted, candidate);
     if (apart < least) best = &name, least = apart;

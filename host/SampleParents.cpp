@@ -65,7 +65,8 @@ Row model(Dice&, std::size_t i) {
 
 Row property(Dice& dice, std::size_t i) {
   const words::Town& town = words::towns[dice.below(std::size(words::towns))];
-  const words::Home& home = words::homes[dice.below(std::size(words::homes))];
+  const auto drawn = dice.below(std::size(words::homes));
+  const words::Home& home = words::homes[i == 0 ? 1 : drawn];  // the notes of the first speak of a penthouse
   Text reference = toText(std::int64_t(i) + 1001);
   return {
       number(i + 1),
@@ -84,7 +85,7 @@ Row property(Dice& dice, std::size_t i) {
       dice.oneIn(20) ? Variant(Null) : number(1 + dice.below(sampleClients)),
       number(1 + dice.below(userCount)),
       Date{baseDay - 1200 + dice.below(1500)},
-      dice.oneIn(4) ? Variant(Null) : Variant(sentencesText(dice, 2))};
+      dice.oneIn(4) || !home.livedIn ? Variant(Null) : Variant(sentencesText(dice, 2))};
 }
 
 Row caseFile(Dice& dice, std::size_t i) {

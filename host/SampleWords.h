@@ -62,12 +62,15 @@ struct Home {
   int thousands, more;
   int squareMetres;  // of the smallest; the largest has three times as many
   std::span<const TextView> floors;
+  bool livedIn = true;
 };
-inline constexpr Home homes[] = {
-    {u"Piso", 90, 260, 60, flatFloors},      {u"Ático", 180, 320, 70, topFloors},
-    {u"Chalé", 240, 500, 120, {}},           {u"Local", 60, 300, 50, groundFloors},
-    {u"Dúplex", 150, 250, 85, topFloors},    {u"Estudio", 55, 80, 28, flatFloors},
-    {u"Plaza de garaje", 9, 20, 10, cellars}};
+inline constexpr Home homes[] = {{u"Piso", 90, 260, 60, flatFloors},
+                                 {u"Ático", 180, 320, 70, topFloors},
+                                 {u"Chalé", 240, 500, 120, {}},
+                                 {u"Local", 60, 300, 50, groundFloors},
+                                 {u"Dúplex", 150, 250, 85, topFloors},
+                                 {u"Estudio", 55, 80, 28, flatFloors},
+                                 {u"Plaza de garaje", 9, 20, 10, cellars, false}};
 inline constexpr TextView streets[] = {
     u"Calle Colón",        u"Avenida del Puerto",  u"Calle Cirilo Amorós",   u"Plaza de España",
     u"Calle Peñíscola",    u"Camino de Moncada",   u"Calle L'Eixample",      u"Avenida de Aragón",

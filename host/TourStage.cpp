@@ -10,7 +10,6 @@
 #include <QMessageBox>
 #include <QPainter>
 #include <QPlainTextEdit>
-#include <QPointer>
 #include <QToolBar>
 #include <QToolButton>
 #include <algorithm>
@@ -28,6 +27,7 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr int lookEveryMilliseconds = 20;
+constexpr int mostLooks = 10'000 / lookEveryMilliseconds;  // at a dialog that does not go
 
 // Of a combo or a picker the part that is typed into.
 QWidget* inputOf(QWidget* drawn) {
@@ -206,13 +206,14 @@ void TourStage::meet(Meeting meeting, const std::function<void()>& doing) {
 // The handling waits for the event loop, so that the watch goes on meanwhile.
 void TourStage::look() {
   QDialog* dialog = dialogUp();
-  if (!dialog || !dialog->isVisible()) {
-    met_ = nullptr;
+  if (!dialog || !dialog->isVisible()) return met_.clear();
+  if (dialog == met_) {
+    if (++looks_ == mostLooks) refuse(*dialog);
     return;
   }
-  if (dialog == met_) return;
   if (!due_ || due_->came || !due_->isIt(*dialog)) return refuse(*dialog);
   met_ = dialog;
+  looks_ = 0;
   due_->came = true;
   QTimer::singleShot(0, dialog, [dialog, handle = due_->handle] { handle(*dialog); });
 }

@@ -2,6 +2,7 @@
 
 #include <QDialog>
 #include <QPixmap>
+#include <QPointer>
 #include <QTimer>
 #include <filesystem>
 #include <functional>
@@ -69,7 +70,8 @@ class TourStage {
   std::filesystem::path folder_;
   QTimer watch_;
   Meeting* due_ = nullptr;
-  QDialog* met_ = nullptr;  // the dialog that is being handled
+  QPointer<QDialog> met_;  // the dialog that is being handled
+  int looks_ = 0;          // at it
 };
 
 }  // namespace ovalia::host

@@ -100,7 +100,17 @@ Text lowerCase(TextView text) {
   return lower;
 }
 
-bool sameName(TextView a, TextView b) { return !NameLess{}(a, b) && !NameLess{}(b, a); }
+bool sameName(TextView a, TextView b) {
+  std::size_t i = 0, j = 0;
+  while (i < a.size() && j < b.size()) {
+    if (a[i] == b[j] && a[i] < 0x80) {
+      ++i, ++j;
+    } else if (lowerCase(nextCodePoint(a, i)) != lowerCase(nextCodePoint(b, j))) {
+      return false;
+    }
+  }
+  return i == a.size() && j == b.size();
+}
 
 bool NameLess::operator()(TextView a, TextView b) const {
   std::size_t i = 0, j = 0;

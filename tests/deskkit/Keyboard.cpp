@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QMenu>
 #include <QTest>
 #include <QTimer>
 #include <QWidget>
@@ -44,6 +45,29 @@ void letters(const char* underlined) {
   for (const char* letter = underlined; *letter; ++letter)
     press(*letter, QApplication::activePopupWidget() ? Qt::NoModifier : Qt::AltModifier,
           QString(QLatin1Char(*letter)).toLower());
+}
+
+void enter(Qt::KeyboardModifiers modifiers) { press(Qt::Key_Return, modifiers, QStringLiteral("\r")); }
+void escape() { press(Qt::Key_Escape, Qt::NoModifier, QStringLiteral("\x1b")); }
+
+void tab(bool forward) {
+  if (forward)
+    press(Qt::Key_Tab, Qt::NoModifier, QStringLiteral("\t"));
+  else
+    press(Qt::Key_Backtab, Qt::ShiftModifier);
+}
+
+void choose(char menu, const QString& caption) {
+  const char letter[] = {menu, 0};
+  letters(letter);
+  const auto entry = [] {
+    auto* open = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    return open && open->activeAction() ? open->activeAction()->text().remove(u'&') : QString();
+  };
+  constexpr int most = 20;
+  for (int i = 0; i < most && entry() != caption; ++i) press(Qt::Key_Down);
+  ASSERT_EQ(entry(), caption);
+  enter();
 }
 
 void meanwhile(std::function<void()> actions) {

@@ -24,6 +24,14 @@ void types(const QString& text);
 // Alt with each of the letters: the first opens a menu or presses a button, further ones choose in the menu.
 void letters(const char* underlined);
 
+// The keys that have a name on the keyboard.
+void enter(Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+void escape();
+void tab(bool forward = true);
+
+// In the menu that Alt opens with that letter, walks down to the entry and presses Enter on it.
+void choose(char menu, const QString& caption);
+
 // Runs it in the next event loop: that of the window that comes up with the key that is pressed next.
 void meanwhile(std::function<void()> actions);
 

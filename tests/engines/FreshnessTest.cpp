@@ -56,11 +56,26 @@ TEST_P(Freshness, of_a_search_follows_every_write) {
 
 TEST_P(Freshness, of_a_list_opened_again_follows_its_tables) {
   const TextView sql = u"SELECT * FROM Agencia";
-  EXPECT_EQ(mine->OpenRecordset(sql)->fields().count(), 2u);
+  const dao::RecordsetType types[] = {dao::dbOpenDynaset, dao::dbOpenSnapshot};
+  for (const auto type : types) EXPECT_EQ(mine->OpenRecordset(sql, type)->fields().count(), 2u);
   theirs->Execute(u"ALTER TABLE Agencia ADD COLUMN Telefono VARCHAR(20)");
-  EXPECT_EQ(mine->OpenRecordset(sql)->fields().count(), 3u);
+  for (const auto type : types) EXPECT_EQ(mine->OpenRecordset(sql, type)->fields().count(), 3u);
   theirs->Execute(u"DROP TABLE Agencia");
-  EXPECT_EQ(failureOf([&] { mine->OpenRecordset(sql); }), f::unknownTable);
+  for (const auto type : types)
+    EXPECT_EQ(failureOf([&] { mine->OpenRecordset(sql, type); }), f::unknownTable);
+}
+
+TEST_P(Freshness, of_a_copy_made_again_is_its_own) {
+  const auto copy = [&] {
+    return mine->OpenRecordset(u"SELECT Nombre FROM Usuario WHERE IdUsuario = 1", dao::dbOpenSnapshot);
+  };
+  const auto before = copy();
+  theirs->Execute(u"UPDATE Usuario SET Nombre = 'Eva' WHERE IdUsuario = 1");
+  const auto after = copy();
+  EXPECT_EQ(before->value(u"Nombre").text(), u"Ana");
+  EXPECT_EQ(after->value(u"Nombre").text(), u"Eva");
+  before->Requery();
+  EXPECT_EQ(before->value(u"Nombre").text(), u"Eva");
 }
 
 TEST_P(Freshness, of_an_open_list_survives_a_column_taken_away) {
@@ -157,6 +172,20 @@ TEST(SqliteFiles, in_utf_16_are_read_and_searched_alike) {
   EXPECT_EQ(set->value(u"a").text(), u"Señora Ibáñez");
   set->FindFirst(u"a Like '*IBÁÑ*' And a = 'SEÑORA IBÁÑEZ'");
   EXPECT_FALSE(set->NoMatch());
+}
+
+TEST(SqliteFiles, give_a_setting_as_it_is_after_its_change) {
+  const auto database = open(u":memory:");
+  const auto size = [&] {
+    return database->OpenRecordset(u"PRAGMA cache_size", dao::dbOpenSnapshot)
+        ->fields()
+        .at(0)
+        ->Value()
+        .toLong();
+  };
+  EXPECT_EQ(size(), size());
+  database->Execute(u"PRAGMA cache_size = 77");
+  EXPECT_EQ(size(), 77);
 }
 
 TEST(SqliteFiles, take_dates_as_text_too) {

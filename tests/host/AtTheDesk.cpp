@@ -1,6 +1,7 @@
 #include "tests/host/AtTheDesk.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QDialog>
 #include <QPointer>
 
@@ -15,8 +16,25 @@
 namespace ovalia::host {
 
 namespace {
+
 constexpr int patienceMilliseconds = 20000, again = 50;
-}
+
+// The window that was in use is so again when a dialog over it has closed: a window manager sees to that.
+class ComingBack {
+ public:
+  ComingBack() = default;
+  ~ComingBack() {
+    if (before_ && before_->isVisible()) before_->activateWindow();
+    QApplication::processEvents();
+  }
+  ComingBack(const ComingBack&) = delete;
+  ComingBack& operator=(const ComingBack&) = delete;
+
+ private:
+  QPointer<QWidget> before_ = QApplication::activeWindow();
+};
+
+}  // namespace
 
 bool Prepared::next() {
   if (keys_.empty()) return false;
@@ -32,25 +50,29 @@ void Prepared::verify() const {
 int KeyedScreen::messageBox(TextView message, int buttons, TextView title) {
   const int announced = script_.messageBox(message, buttons, title);
   if (!prepared_.next()) return announced;
-  const QPointer<QWidget> before = QApplication::activeWindow();
+  const ComingBack back;
   const int answer = DesktopScreen::messageBox(message, buttons, title);
-  if (before && before->isVisible()) before->activateWindow();  // as a window manager does
-  QApplication::processEvents();
   EXPECT_EQ(answer, announced) << toUtf8(message);
   return answer;
 }
 
 std::optional<Text> KeyedDialogs::pickOne(TextView title, std::span<const Text> names, TextView now) {
-  if (prepared_.next()) return real_.pickOne(title, names, now);
-  ADD_FAILURE() << "an unexpected list: " << toUtf8(title);
-  return {};
+  if (!prepared_.next()) {
+    ADD_FAILURE() << "an unexpected list: " << toUtf8(title);
+    return {};
+  }
+  const ComingBack back;
+  return real_.pickOne(title, names, now);
 }
 
 std::optional<std::vector<Text>> KeyedDialogs::pickSeveral(TextView title, std::span<const Text> names,
                                                            std::span<const Text> chosen) {
-  if (prepared_.next()) return real_.pickSeveral(title, names, chosen);
-  ADD_FAILURE() << "an unexpected list: " << toUtf8(title);
-  return {};
+  if (!prepared_.next()) {
+    ADD_FAILURE() << "an unexpected list: " << toUtf8(title);
+    return {};
+  }
+  const ComingBack back;
+  return real_.pickSeveral(title, names, chosen);
 }
 
 AtTheDesk::AtTheDesk() {
@@ -101,18 +123,22 @@ ListPane& AtTheDesk::pane(TextView grid, std::int32_t property) {
   return shown;
 }
 
-void AtTheDesk::onCard(ListPane& pane, const Keys& keys) {
+void AtTheDesk::onCard(ListPane& pane, const Keys& keys, const Keys& opening) {
   bool up = false;
-  deskkit::meanwhile([&] {
+  QTimer watch;
+  QObject::connect(&watch, &QTimer::timeout, &watch, [&] {
     const auto form = forms::Runtime::current().activeForm();
-    ASSERT_NE(form, nullptr);
+    if (!form || QApplication::activeModalWidget() != deskkit::windowOf(*form)) return;
+    watch.stop();
     up = true;
+    QApplication::processEvents();
     keys();
     if (!form->Visible()) return;
     ADD_FAILURE() << "the card is still open";
     form->Hide();
   });
-  deskkit::press(Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"));
+  watch.start(0);
+  opening();
   EXPECT_TRUE(up);
   EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
   window->activateWindow();
@@ -143,9 +169,19 @@ Text AtTheDesk::focused() {
 
 void AtTheDesk::tabTo(TextView control) {
   const std::size_t most = card().controls().size();
-  for (std::size_t i = 0; i < most && focused() != control; ++i)
-    deskkit::press(Qt::Key_Tab, Qt::NoModifier, QStringLiteral("\t"));
+  for (std::size_t i = 0; i < most && focused() != control; ++i) deskkit::tab();
   ASSERT_EQ(focused(), control);
+}
+
+void AtTheDesk::write(TextView control, const QString& text) {
+  tabTo(control);
+  deskkit::press(Qt::Key_A, Qt::ControlModifier);
+  deskkit::types(text);
+}
+
+bool AtTheDesk::ticked(TextView control) {
+  auto* box = qobject_cast<QCheckBox*>(deskkit::widgetOf(card(), control));
+  return box && box->isChecked();
 }
 
 Variant AtTheDesk::stored(TextView table, TextView column, std::int32_t key) {

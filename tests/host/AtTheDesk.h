@@ -67,10 +67,11 @@ class AtTheDesk : public HostTest {
   void TearDown() override;
 
   // The page of a property, on one of its lists.
-  ListPane& pane(TextView grid, std::int32_t property = 7);
+  ListPane& pane(TextView grid, std::int32_t property = 1);
 
-  // Opens the grid's row with Enter and plays while the card is up; the card must be closed then.
-  void onCard(ListPane& pane, const Keys& keys);
+  // Opens a card, the grid's row with Enter, and plays while it is up; it must be closed then.
+  void onCard(
+      ListPane& pane, const Keys& keys, const Keys& opening = [] { deskkit::enter(); });
 
   // A box that will come, and the keys that bring its answer.
   void asked(Text text, int buttons, Text title, int answer, Keys keys);
@@ -82,6 +83,10 @@ class AtTheDesk : public HostTest {
 
   // Moves along with Tab until the control has the focus.
   static void tabTo(TextView control);
+
+  // Goes there and writes in place of what is there.
+  static void write(TextView control, const QString& text);
+  static bool ticked(TextView control);
 
   Variant stored(TextView table, TextView column, std::int32_t key);
 

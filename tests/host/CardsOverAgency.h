@@ -1,9 +1,12 @@
 #pragma once
 
-#include <memory>
+#include <functional>
 
+#include "component/OpenAndClose.h"
+#include "engines/Open.h"
 #include "host/Contract.h"
 #include "host/HostCard.h"
+#include "instance/Instance.h"
 #include "tests/cardkit/CardWalker.h"
 #include "tests/cardkit/Desk.h"
 #include "tests/cardkit/User.h"

@@ -11,6 +11,8 @@
 
 namespace ovalia::host {
 
+using deskkit::enter;
+using deskkit::escape;
 using deskkit::letters;
 using deskkit::meanwhile;
 using deskkit::press;
@@ -22,10 +24,8 @@ constexpr TextView changedNote = u"¿Desea guardar los cambios realizados en la 
 constexpr int yesNoCancelQuestion = 35;
 constexpr int cancel = 2, yes = 6, no = 7;
 
-void enter() { press(Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r")); }
 void turn() { press(Qt::Key_F6); }
 void goOn() { press(Qt::Key_F3); }
-void escape() { press(Qt::Key_Escape, Qt::NoModifier, QStringLiteral("\x1b")); }
 
 }  // namespace
 
