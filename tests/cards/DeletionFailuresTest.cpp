@@ -213,7 +213,7 @@ TEST_F(DeletionFailures, whatever_call_fails_no_other_annotation_and_no_other_fi
             EXPECT_TRUE(here.files.exists(fileOf(other, 0)));
           }
           EXPECT_EQ(at(1, u"NArchivos").toLong(), 1);
-          EXPECT_NE(state(), nueva);
+          EXPECT_EQ(state(), limpia);
           resumeNext([&] { crs().MoveFirst(); });
           here.screen.pointer = 0;
         });
