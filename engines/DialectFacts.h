@@ -34,6 +34,7 @@ struct DialectFacts {
   TextView descendingNulls;       // behind a falling one so that they come last
   TextView parameter;             // what stands before the number of a parameter
   TextView sameOrBothNull;        // equality that holds between nulls
+  TextView begin;                 // begins a transaction that is going to write
   bool checksLengths;             // the engine itself refuses a text that is too long for its column
 
   std::span<const FunctionFact> functions;

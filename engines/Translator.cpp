@@ -22,6 +22,13 @@ bool isTranslated(TextView sql) {
                      [&](TextView verb) { return sameAscii(verb, word); });
 }
 
+bool beginsTransaction(TextView sql) {
+  const auto inWord = [](char16_t c) { return c != u' ' && c != u';'; };
+  const auto last = std::find_if(sql.rbegin(), sql.rend(), inWord).base();
+  const TextView words(std::find_if(sql.begin(), last, inWord), last);
+  return sameAscii(words, u"BEGIN") || sameAscii(words, u"BEGIN TRANSACTION");
+}
+
 // A name alone, in brackets or plain.
 bool namesTable(TextView sql) {
   if (sql.size() > 2 && sql.front() == u'[') return sql.find(u']') == sql.size() - 1;
@@ -115,8 +122,9 @@ Text selectFrom(TextView sqlOrTable) {
 }
 
 Translation translate(TextView sql, Catalog& catalog, const DialectFacts& facts) {
-  // Definitions and pragmas are in the engine's own words.
-  if (!isTranslated(sql)) return {StatementKind::Other, Text(sql), std::nullopt, false};
+  // Definitions and settings are in the engine's own words.
+  if (!isTranslated(sql))
+    return {StatementKind::Other, Text(beginsTransaction(sql) ? facts.begin : sql), std::nullopt, false};
   Sentence sentence(sql, facts);
   return SentenceTranslator(sentence, catalog).statement();
 }

@@ -53,7 +53,7 @@ struct Translation {
 Text selectFrom(TextView sqlOrTable);
 
 // A statement in the Jet dialect in the engine's. Literals are never touched but in how they are quoted; what
-// is not known passes through for the engine to judge, and definitions and pragmas whole. Failures: 3075 a
+// is not known passes through for the engine to judge, and definitions and settings whole. Failures: 3075 a
 // literal that does not end or is no date, 3421 a constant that its column cannot take.
 Translation translate(TextView sql, Catalog& catalog, const DialectFacts& facts);
 

@@ -53,6 +53,7 @@ const DialectFacts dialect{
     .descendingNulls = u"",
     .parameter = u"?",
     .sameOrBothNull = u"IS",
+    .begin = u"BEGIN IMMEDIATE",
     .checksLengths = false,
     .functions = functions,
     .reserved = reserved,

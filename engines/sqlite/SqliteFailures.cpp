@@ -47,6 +47,7 @@ constexpr std::array wordings{
     WordsFact{"has no column named", dao::failure::unknownColumn},
     WordsFact{"no such table", dao::failure::unknownTable},
     WordsFact{"no such view", dao::failure::unknownTable},
+    WordsFact{"no transaction is active", dao::failure::commitWithoutBegin},
 };
 
 std::int32_t numberOf(int code, std::string_view words, StatementKind kind) {

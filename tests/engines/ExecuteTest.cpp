@@ -56,6 +56,27 @@ TEST_P(Executing, leaves_nothing_open_that_would_hide_what_others_commit) {
   EXPECT_EQ(agency.one(u"SELECT Nombre FROM Usuario WHERE IdUsuario = 1").text(), u"Eva");
 }
 
+// Two who had both read before they wrote could never wait for each other.
+TEST_P(Executing, begins_a_transaction_only_when_it_is_its_turn_to_write) {
+  for (const TextView begin : {u"BEGIN", u" begin transaction ;"}) {
+    mine->Execute(begin);
+    EXPECT_EQ(agency.one(u"SELECT Count(*) FROM Usuario"), Variant(std::int32_t{2}));
+    EXPECT_EQ(failureOf([&] { theirs->Execute(begin); }), f::locked);
+    EXPECT_EQ(failureOf([&] { theirs->OpenRecordset(u"Usuario"); }), 0) << "reading goes on";
+    mine->Execute(u"UPDATE Usuario SET Nombre = 'Eva' WHERE IdUsuario = 1");
+    mine->Execute(u"COMMIT");
+    theirs->Execute(begin);
+    theirs->Execute(u"UPDATE Usuario SET Nombre = 'Ana' WHERE IdUsuario = 1");
+    theirs->Execute(u"ROLLBACK");
+    EXPECT_EQ(agency.one(u"SELECT Nombre FROM Usuario WHERE IdUsuario = 1").text(), u"Eva");
+  }
+}
+
+TEST_P(Executing, ends_no_transaction_that_was_not_begun) {
+  for (const TextView end : {u"COMMIT", u"ROLLBACK"})
+    EXPECT_EQ(failureOf([&] { mine->Execute(end); }), f::commitWithoutBegin);
+}
+
 TEST_P(Executing, says_what_it_did_not_understand) {
   try {
     mine->Execute(u"UPDATE NotaIP SET Nada = 1");
