@@ -2,7 +2,9 @@
 
 find_program(CCACHE ccache)
 if(CCACHE)
-  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+  # Build folders share what is compiled, and what is compiled with a precompiled header is kept too.
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env CCACHE_NOHASHDIR=1 CCACHE_SLOPPINESS=pch_defines,time_macros
+                                  ${CCACHE})
 endif()
 
 add_library(ovalia_flags INTERFACE)
@@ -10,6 +12,7 @@ target_compile_options(ovalia_flags INTERFACE -Wall -Wextra -Wpedantic -Werror)
 # g++ 12 sees overlapping and oversized copies, when it optimises, where a literal is put in front of a string.
 target_compile_options(
   ovalia_flags INTERFACE "$<$<AND:$<CXX_COMPILER_ID:GNU>,$<CONFIG:Release>>:-Wno-restrict;-Wno-stringop-overflow>")
+target_compile_options(ovalia_flags INTERFACE "$<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>")
 target_include_directories(ovalia_flags INTERFACE ${PROJECT_SOURCE_DIR})
 if(OVALIA_SANITIZE)
   target_compile_options(ovalia_flags INTERFACE -fsanitize=${OVALIA_SANITIZE} -fno-omit-frame-pointer
@@ -40,6 +43,7 @@ function(ovalia_tests name)
   endif()
   add_executable(test_${name} ${sources})
   target_link_libraries(test_${name} PRIVATE ${arg_LINK} GTest::gmock_main)
+  target_precompile_headers(test_${name} PRIVATE <gmock/gmock.h> <gtest/gtest.h>)
   gtest_discover_tests(test_${name} TEST_PREFIX "${name}/" DISCOVERY_TIMEOUT 60
                        PROPERTIES TIMEOUT 300 ${arg_PROPERTIES})
 endfunction()
