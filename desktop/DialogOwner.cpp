@@ -2,15 +2,22 @@
 
 #include <QApplication>
 #include <QWindow>
+#include <utility>
 
 namespace ovalia::desktop {
 
+namespace {
+QPointer<QWidget> acting;
+}
+
+ActingWindow::ActingWindow(QWidget& window) : before_(std::exchange(acting, &window)) {}
+ActingWindow::~ActingWindow() { acting = before_; }
+
 QWidget* dialogOwner() {
   QWidget* modal = QApplication::activeModalWidget();
-  QWidget* active = QApplication::activeWindow();
   // A window that belongs to the modal one is as free as that, and above it.
-  if (modal && active && active->parentWidget() && active->parentWidget()->window() == modal) modal = active;
-  for (QWidget* window : {modal, active})
+  if (modal && acting && acting->parentWidget() == modal) modal = acting;
+  for (QWidget* window : {modal, QApplication::activeWindow()})
     if (window && window->isVisible()) return window;
   return nullptr;
 }

@@ -17,6 +17,7 @@
 #include <optional>
 
 #include "desktop/CardWindow.h"
+#include "desktop/DialogOwner.h"
 #include "desktop/LineEnds.h"
 #include "desktop/QtText.h"
 #include "desktop/Scale.h"
@@ -107,7 +108,7 @@ void SearchDialog::run() {
 }
 
 void SearchDialog::bringToFront() {
-  showNormal();
+  isMinimized() ? showNormal() : show();
   raise();
   activateWindow();
   focusInput();
@@ -120,6 +121,7 @@ void SearchDialog::done(int result) {
 }
 
 void SearchDialog::followOwner(QWidget& owner) {
+  adjustSize();  // one that is resized when it shows is placed without regard to its frame
   placeBeside(owner);
   owner.installEventFilter(this);
   if (const auto* save = owner.findChild<QAction*>(toQt(saveTool))) {
@@ -330,6 +332,7 @@ bool SearchDialog::complete() {
 
 // What is half typed on the card belongs to the row that the step leaves.
 bool SearchDialog::step(SearchMode mode) {
+  const ActingWindow acting(*this);
   const Text wanted = criterion();
   const ObjectRef card = card_;
   if (auto* window = dynamic_cast<CardWindow*>(parentWidget())) window->commit();

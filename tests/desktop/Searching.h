@@ -49,18 +49,12 @@ class Searching : public DeskTest {
     return dialog;
   }
 
-  static SearchDialog* shownDialog() {
-    for (QWidget* each : QApplication::topLevelWidgets())
-      if (auto* dialog = dynamic_cast<SearchDialog*>(each); dialog && dialog->isVisible()) return dialog;
-    return nullptr;
-  }
-
   // Shows the dialog, runs `actions` on it and closes it when they left it open.
   void search(const std::function<void()>& actions, const ObjectRef& array = noteFields()) {
     bool ran = false;
     const ObjectRef dialog = dialogOver(array);
     QTimer::singleShot(0, [&] {
-      window = shownDialog();
+      window = SearchDialog::of(card);
       ASSERT_NE(window, nullptr);
       ran = true;
       QApplication::setActiveWindow(window);
