@@ -225,6 +225,7 @@ TEST_F(NavigationFailures, of_a_list_that_ran_out_over_a_new_card_are_reported) 
       keep();
       instance.EstadoFicha = nueva;
       expectQuestion(u"¿Desea guardar la nueva nota?", no).whileUp([&] { crs().Delete(); });
+      expectBox(u"Error: No hay ningún registro activo.", 4144);
       expectReport(Text(move.name), dao::failure::noCurrentRecord);
       move.run(instance);
       EXPECT_EQ(state(), limpia);

@@ -336,6 +336,7 @@ TEST_F(CommandRouting, a_right_click_beside_the_items_refreshes_pasting_before_i
   openOn(u"Nota", [&] {
     here.clipboard.holdsFiles = true;
     form().toolbars().tool(u"ID_Pegar")->setEnabled(false);
+    attachments().setVisible(true);
     user.rightClicksItem(0);
     EXPECT_TRUE(enabled(u"ID_Pegar"));
     ASSERT_EQ(desk.popups.size(), 1u);
@@ -347,6 +348,7 @@ TEST_F(CommandRouting, a_right_click_on_an_item_enables_what_can_be_done_with_it
   openOn(u"Nota", [&] {
     attachments().Add({u"120F00.doc", u"Contrato.doc", u"doc"});
     form().toolbars().tool(u"ID_Abrir")->setEnabled(false);
+    attachments().setVisible(true);
     user.rightClicksItem(1);
     EXPECT_TRUE(enabled(u"ID_Abrir"));
     ASSERT_EQ(desk.popups.size(), 1u);

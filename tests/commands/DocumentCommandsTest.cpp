@@ -46,7 +46,7 @@ TEST_F(DocumentCommands, two_commands_add_a_document) {
 }
 
 TEST_F(DocumentCommands, a_command_and_ctrl_v_paste_and_no_other_key_does) {
-  for (const TextView kind : allKinds) {
+  for (const TextView kind : {u"Nota", u"Visita", u"Anuncio"}) {  // a call keeps no documents here
     openOn(kind, [&] {
       host.shows(nullptr);
       for (const int mask : {0, 1, 4}) user.presses(kit::User::keyV, mask);

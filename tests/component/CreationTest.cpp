@@ -180,11 +180,12 @@ TEST_F(FailingCreation, ends_with_the_card_up_on_its_new_row_or_without_a_card) 
       if (reporters.empty() || reporters.back() != run.reporters) reporters.push_back(run.reporters);
     }
     // The row; the window, its place and its lists, without which there is no name to show; the card; its
-    // tools.
+    // documents, which a call has not; its tools.
     std::vector<Text> expected = {u"Nuevo de CNota", u"FichaLimpia de CNota",
                                   u"RestaurarVentana() de RutinasErr",
                                   u"dNota_Load de CNota, FichaLimpia de CNota", u"dNota_Load de CNota"};
     if (tipo == u"Visita" || tipo == u"Llamada") expected.push_back(u"FichaLimpia de CNota");
+    if (tipo != u"Llamada") expected.push_back(u"RefrescoDocs de CNota");
     expected.push_back(u"CambiarMenu de CNota");
     EXPECT_EQ(reporters, expected) << toUtf8(tipo);
   }
