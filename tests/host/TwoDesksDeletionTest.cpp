@@ -12,12 +12,20 @@ const Move moves[] = {
     {"tool ID_Primero", 1}, {"tool ID_Anterior", 2}, {"tool ID_Siguiente", 4}, {"tool ID_Ultimo", 4}};
 const Move &toFirst = moves[0], &toPrevious = moves[1], &toNext = moves[2], &toLast = moves[3];
 
+const std::string deletion = "box Borrar: ¿Desea borrar la ficha activa?";
 const std::string yes = "press Sí", no = "press No", cancel = "press Cancelar";
 
 // Begoña moves, Luis deletes.
 class TwoDesksDeletion : public TwoDesks {
  protected:
-  void luisDeletes(int place) { does(luis, "delete grdNota " + std::to_string(key(place))); }
+  void luisDeletes(int place) {
+    does(luis, "key F5");
+    EXPECT_THAT(luis.answerTo("open grdNota " + std::to_string(key(place))), testing::StartsWith("card "));
+    EXPECT_EQ(luis.answerTo("tool ID_Borrar"), deletion);
+    does(luis, yes);
+    does(luis, "close");
+    EXPECT_EQ(one("SELECT Count(*) FROM NotaIP WHERE IdNota = " + std::to_string(key(place))), "0");
+  }
 
   // What Begoña's card shows, and where the list behind it stands: "2/3", "before/3", "behind/3", and its
   // key.
@@ -259,6 +267,63 @@ TEST_F(TwoDesksDeletion, typing_over_a_gone_row_tells_so_and_counts_as_no_change
   expectCard(3, "x", false);
   expectPointer(0);
   does(begona, "close");
+}
+
+// Another deletion.
+
+TEST_F(TwoDesksDeletion, deleting_a_row_that_is_gone_already_tells_so_and_leaves_the_card) {
+  open(begona, 3);
+  luisDeletes(3);
+  EXPECT_EQ(begona.answerTo("tool ID_Borrar"), deletion);
+  expectGone(begona.answerTo(yes), "Borrar de CNota ");
+  expectCard(3, text(3), false);
+  expectList("3/4", 0);
+  EXPECT_EQ(listed(), 3);
+  does(begona, "close");
+}
+
+TEST_F(TwoDesksDeletion, the_row_that_goes_while_the_question_about_deleting_it_is_up_is_told_as_well) {
+  open(begona, 3);
+  EXPECT_EQ(begona.answerTo("tool ID_Borrar"), deletion);
+  luisDeletes(3);
+  expectGone(begona.answerTo(yes), "Borrar de CNota ");
+  EXPECT_EQ(listed(), 3);
+  does(begona, "close");
+}
+
+// The neighbour to show next is looked for first.
+TEST_F(TwoDesksDeletion, deleting_beside_a_gone_row_tells_so_and_deletes_nothing) {
+  open(begona, 3);
+  luisDeletes(4);
+  EXPECT_EQ(begona.answerTo("tool ID_Borrar"), deletion);
+  expectGone(begona.answerTo(yes), "Borrar de CNota ");
+  expectCard(3, text(3), false);
+  expectList("4/4", 0);
+  EXPECT_EQ(stored(3), text(3));
+  does(begona, "close");
+}
+
+TEST_F(TwoDesksDeletion, deleting_where_no_neighbour_is_gone_goes_on_to_the_next_row_that_is_left) {
+  open(begona, 2);
+  luisDeletes(4);
+  EXPECT_EQ(begona.answerTo("tool ID_Borrar"), deletion);
+  does(begona, yes);
+  EXPECT_EQ(begona.answerTo("tell shown txtNotas"), "is " + text(3));
+  EXPECT_EQ(listed(), 2);
+  does(begona, "close");
+}
+
+TEST_F(TwoDesksDeletion, a_new_note_that_is_given_up_is_gone_under_the_one_who_has_come_upon_it) {
+  EXPECT_THAT(luis.answerTo("new grdNota"), testing::EndsWith("Nueva Nota"));
+  const std::string made = one("SELECT Max(IdNota) FROM NotaIP");
+  does(begona, "key F5");
+  EXPECT_EQ(begona.answerTo("open grdNota " + made), "card " + title(1, 5));
+  does(begona, "type txtNotas de Begoña");
+  EXPECT_EQ(luis.answerTo("close"), "box Guardar: ¿Desea guardar la nueva nota?");
+  does(luis, no);
+  EXPECT_EQ(listed(), 4);
+  expectGone(begona.answerTo("tool ID_Guardar"), "dNota_Menu de CNota");
+  closeUnsaved();
 }
 
 // A search.

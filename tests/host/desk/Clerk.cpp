@@ -57,11 +57,10 @@ struct Clerk::Verb {
   void (Clerk::*run)(std::string_view rest);
 };
 
-constexpr Clerk::Verb Clerk::verbs[] = {{"property", &Clerk::property}, {"open", &Clerk::open},
-                                        {"new", &Clerk::create},        {"type", &Clerk::type},
-                                        {"tool", &Clerk::tool},         {"key", &Clerk::key},
-                                        {"press", &Clerk::press},       {"find", &Clerk::find},
-                                        {"close", &Clerk::close},       {"delete", &Clerk::erase}};
+constexpr Clerk::Verb Clerk::verbs[] = {
+    {"property", &Clerk::property}, {"open", &Clerk::open}, {"new", &Clerk::create},
+    {"type", &Clerk::type},         {"tool", &Clerk::tool}, {"key", &Clerk::key},
+    {"press", &Clerk::press},       {"find", &Clerk::find}, {"close", &Clerk::close}};
 
 Clerk::Clerk(MainWindow& window, BeepingScreen& screen) : window_(window), screen_(screen) {}
 
@@ -150,14 +149,6 @@ void Clerk::find(std::string_view fieldAndText) {
 void Clerk::close(std::string_view) {
   if (!windowOnTop()) cannot("there is nothing to close");
   windowOnTop()->close();
-}
-
-void Clerk::erase(std::string_view gridAndKey) {
-  const auto [grid, key] = parted(gridAndKey);
-  const AnnotationTable& table = annotationTable(pane(grid).list().design().table);
-  dao::Database& database = *window_.agency().database;
-  database.Execute(join(u"DELETE * FROM ", table.name, u" WHERE ", kindKey(table.kind), u" = ", number(key)));
-  if (database.RecordsAffected() != 1) cannot("there was no such row");
 }
 
 // ---- what it can say ----

@@ -26,7 +26,6 @@ class BeepingScreen : public desktop::DesktopScreen {
 //   press Aceptar                 a button of the box that is up
 //   find Notas señal              in the search dialog that is up, from the list's beginning
 //   close                         the window on top, by its close box
-//   delete grdNota 4              takes a list's row out of the database, as no card could
 //   tell ...                      says what is asked (see the table)
 //
 // The answer is "done", "is ..." to what was asked, or "fail ..." with the reason.
@@ -51,7 +50,6 @@ class Clerk {
   void press(std::string_view button);
   void find(std::string_view fieldAndText);
   void close(std::string_view);
-  void erase(std::string_view gridAndKey);
 
   std::string tell(std::string_view question);
   Text keys(std::string_view grid);
