@@ -32,14 +32,24 @@ Text storedPath(const Instance& nota, TextView folder, TextView name) {
   return join(dataFolder(nota), u"\\", folder, name);
 }
 
+Text storedPathIn(TextView fullFolder, TextView name) {
+  check(fullFolder, name);
+  return join(fullFolder, name);
+}
+
 Text storedPathForCopy(const Instance& nota, TextView folder, TextView name) {
   check(folder, name);
   return join(dataFolder(nota), u"\\", folder, u"\\", name);
 }
 
+Text storedFileIn(TextView fullFolder, TextView name) {
+  if (fullFolder.empty() || !isStoredName(name)) return {};
+  return Platform::current().files->firstMatch(storedPathIn(fullFolder, name));
+}
+
 Text storedFile(const Instance& nota, TextView folder, TextView name) {
-  if (folder.empty() || !isStoredName(name)) return {};
-  return Platform::current().files->firstMatch(storedPath(nota, folder, name));
+  if (folder.empty()) return {};
+  return storedFileIn(join(dataFolder(nota), u"\\", folder), name);
 }
 
 bool isStored(const Instance& nota, TextView folder, TextView name) {

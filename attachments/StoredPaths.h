@@ -17,12 +17,18 @@ bool isStoredName(TextView name);
 // name that is none and for an empty folder, which is what a folder that could not be made is given as.
 Text storedPath(const Instance& nota, TextView folder, TextView name);
 
-// The same with a second separator before the name, as files are copied by. Both reach one file.
+// The same in a folder that is given in full, with its final "\\".
+Text storedPathIn(TextView fullFolder, TextView name);
+
+// storedPath with a second separator before the name, as files are copied by. Both reach one file.
 Text storedPathForCopy(const Instance& nota, TextView folder, TextView name);
 
 // What the disk calls the plain file of that name in that folder; "" when there is none, which holds for
 // every name that is none and for an empty folder.
 Text storedFile(const Instance& nota, TextView folder, TextView name);
+
+// The same in a folder that is given in full.
+Text storedFileIn(TextView fullFolder, TextView name);
 
 // Whether that file is there under exactly that name: one whose spelling differs in case counts as missing.
 bool isStored(const Instance& nota, TextView folder, TextView name);
