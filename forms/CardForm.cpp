@@ -145,14 +145,7 @@ void CardForm::Form_Resize() {
     if (Height() > design().minimumHeight)
       splitter.setHeight(ScaleHeight() - (splitter.Top() + roomBelowSplitter));
     const double grown = Width() - design().minimumWidth;
-    if (grown <= 0) return;
-    for (const ResizeRow& row : design().resizes) {
-      Control& moved = *control(row.control, row.index);
-      if (row.property == MovedProperty::Left)
-        moved.setLeft(row.constant + grown);
-      else
-        moved.setWidth(row.constant + grown);
-    }
+    if (grown > 0) stretch(grown, 0);
   });
 }
 

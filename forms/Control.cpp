@@ -3,6 +3,7 @@
 #include <array>
 
 #include "forms/Form.h"
+#include "forms/Grid.h"
 #include "forms/Toolbars.h"
 #include "platform/Failure.h"
 
@@ -16,7 +17,7 @@ struct TypeRow {
   bool takesFocus;
 };
 
-constexpr std::array<TypeRow, 14> types{{
+constexpr std::array<TypeRow, 16> types{{
     {ControlType::Label, u"Label", false},
     {ControlType::TextBox, u"TextBox", true},
     {ControlType::ComboBox, u"ComboBox", true},
@@ -31,6 +32,8 @@ constexpr std::array<TypeRow, 14> types{{
     {ControlType::ActiveToolBars, u"SSActiveToolBars", false},
     {ControlType::ImageList, u"ImageList", false},
     {ControlType::Menu, u"Menu", false},
+    {ControlType::Grid, u"SSDBGrid", true},
+    {ControlType::Data, u"Data", false},
 }};
 
 const TypeRow& rowOf(ControlType type) { return types[static_cast<std::size_t>(type)]; }
@@ -177,6 +180,10 @@ ControlRef makeControl(Form& form, const ControlDesign& design) {
       return std::make_shared<ListView>(form, design);
     case ControlType::ActiveToolBars:
       return std::make_shared<ActiveToolBars>(form, design);
+    case ControlType::Grid:
+      return std::make_shared<Grid>(form, design);
+    case ControlType::Data:
+      return std::make_shared<DataControl>(form, design);
     default:
       return std::make_shared<Ornament>(form, design);
   }

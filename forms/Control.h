@@ -26,6 +26,11 @@ enum class Property : std::uint8_t {
   SelectedItem,
   View,
   PaneWidth,
+  BackColor,   // of a text box
+  Rows,        // of a grid: other rows, or the same to be read again; current row and marks with them
+  CurrentRow,  // of a grid
+  Marks,       // of a grid: its marked rows
+  Headings,    // of a grid: their style sets
 };
 
 // One control of a loaded form. It lives as long as the form's window; its state starts from the design at
@@ -95,6 +100,9 @@ class Control : public Object {
 
 using ControlRef = std::shared_ptr<Control>;
 
+// Colours as 0xBBGGRR; with the highest bit, the number of one of the system's own.
+inline constexpr std::uint32_t windowBackground = 0x80000005;
+
 class TextBox : public Control {
  public:
   using Control::Control;
@@ -103,6 +111,8 @@ class TextBox : public Control {
   int SelStart() const { return selStart_; }
   int SelLength() const { return selLength_; }
   void setSelection(int start, int length);  // UTF-16 units, cut to the text
+  std::uint32_t BackColor() const { return backColor_; }
+  void setBackColor(std::uint32_t color);
 
   void userTypes(TextView text);            // the whole new text; nothing on a disabled or read-only box
   void userSelects(int start, int length);  // the view says what is selected now
@@ -118,6 +128,7 @@ class TextBox : public Control {
  private:
   Text text_;
   int selStart_ = 0, selLength_ = 0;
+  std::uint32_t backColor_ = windowBackground;
 };
 
 class ComboBox : public Control {

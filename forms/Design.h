@@ -24,6 +24,8 @@ enum class ControlType : std::uint8_t {
   ActiveToolBars,
   ImageList,
   Menu,
+  Grid,
+  Data,
 };
 
 // The runtime's type name, as a type test on a control gives it: "TextBox", "ComboBox" ...
@@ -31,13 +33,15 @@ TextView typeName(ControlType type);
 
 enum Style : std::uint16_t {
   plain = 0,
-  dropDownList = 1,  // combo: no typing, the text is one of the list's
-  multiLine = 2,     // text box: lines, and Tab leaves it
-  readOnly = 4,      // text box
-  timeOfDay = 8,     // picker: shows hh:mm:ss
-  nullable = 16,     // picker: a check box, unticked is Null
-  labelEdit = 32,    // list: F2 renames
-  hidden = 64,       // not visible at first
+  dropDownList = 1,     // combo: no typing, the text is one of the list's
+  multiLine = 2,        // text box: lines, and Tab leaves it
+  readOnly = 4,         // text box
+  timeOfDay = 8,        // picker: shows hh:mm:ss
+  nullable = 16,        // picker: a check box, unticked is Null
+  labelEdit = 32,       // list: F2 renames
+  hidden = 64,          // not visible at first
+  defaultButton = 128,  // button: Enter clicks it, but in a box of lines or on another button
+  cancelButton = 256,   // button: Escape clicks it
 };
 
 struct ControlDesign {
@@ -95,14 +99,35 @@ struct EventRow {
   TextView field = {};
 };
 
-enum class MovedProperty : std::uint8_t { Left, Width };
+enum class MovedProperty : std::uint8_t { Left, Width, Top, Height };
 
-// While the form is wider than its minimum, the property is the constant plus what the form has grown.
+// While the form is larger than its minimum, the property is the constant plus what the form has grown: in
+// width for the first two, in height for the others.
 struct ResizeRow {
   TextView control;
   MovedProperty property;
   int constant;
   int index = -1;
+};
+
+// A column of a grid, by the order of the rows. It shows the field of its name; where the recordset has none
+// its cells are empty.
+struct ColumnDesign {
+  TextView name;
+  TextView heading = {};
+  int width = 0;
+  bool hidden = false;
+  TextView headStyle = {};  // style set of the heading at first; "" is the plain one
+};
+
+// The style sets of headings: with an arrow upwards, downwards.
+inline constexpr TextView styleAsc = u"StyleAsc";
+inline constexpr TextView styleDesc = u"StyleDesc";
+
+struct GridDesign {
+  TextView control;
+  TextView source;  // the data control whose recordset it shows
+  std::span<const ColumnDesign> columns;
 };
 
 using FormMask = std::uint8_t;
@@ -124,26 +149,30 @@ struct MenuRow {
   FormMask forms;
 };
 
+// The part of a form's Width and Height that its frame, menu and toolbar take: ScaleWidth and ScaleHeight are
+// what is left for controls. A form without bars has the second height.
+inline constexpr int frameWidth = 120;
+inline constexpr int frameHeight = 1260;
+inline constexpr int frameHeightWithoutBars = 420;
+
 struct FormDesign {
   TextView name;
   TextView caption;
   int minimumWidth, minimumHeight;
   std::span<const ControlDesign> controls;
-  std::span<const EventRow> events;
-  std::span<const ResizeRow> resizes;
-  FormMask mask;  // its bit in the tables of tools and menus
+  std::span<const EventRow> events = {};  // of a card
+  std::span<const ResizeRow> resizes = {};
+  FormMask mask = 0;  // its bit in the tables of tools and menus
 
-  // Literal names for the error report.
-  TextView resizeName, toolName, searchName, cancelName;
+  // A card's literal names for the error report.
+  TextView resizeName = {}, toolName = {}, searchName = {}, cancelName = {};
 
   // The size until the user's own is remembered; 0 is the minimum. The places in `controls` are those at the
   // minimum all the same.
   int width = 0, height = 0;
-};
 
-// The part of a form's Width and Height that its frame, menu and toolbar take: ScaleWidth and ScaleHeight are
-// what is left for controls.
-inline constexpr int frameWidth = 120;
-inline constexpr int frameHeight = 1260;
+  int frame = frameHeight;  // the part of Height that is not for controls
+  std::span<const GridDesign> grids = {};
+};
 
 }  // namespace ovalia::forms

@@ -85,8 +85,9 @@ void Form::takeDown() {
   if (handlers_ == 0) departed_.clear();
 }
 
-void Form::Show() {
+void Form::Show(ObjectRef owner) {
   if (visible_) throw Failure(failure::alreadyShown);
+  owner_ = std::move(owner);
   const auto self = shared_from_this();
   load();
   visible_ = true;
@@ -125,7 +126,7 @@ double Form::Top() { return load(), top_; }
 double Form::Width() { return load(), width_; }
 double Form::Height() { return load(), height_; }
 double Form::ScaleWidth() { return load(), std::max(0.0, width_ - frameWidth); }
-double Form::ScaleHeight() { return load(), std::max(0.0, height_ - frameHeight); }
+double Form::ScaleHeight() { return load(), std::max(0.0, height_ - design_.frame); }
 int Form::WindowState() { return load(), windowState_; }
 void Form::setKeyPreview(bool on) { load(), keyPreview_ = on; }
 void Form::setWidth(double twips) { load(), resized(twips, height_); }
@@ -164,6 +165,26 @@ void Form::resized(double width, double height) {
   height_ = height;
   if (view_) view_->formChanged(FormProperty::Place);
   onResize();
+}
+
+void Form::stretch(double wider, double taller) {
+  for (const ResizeRow& row : design_.resizes) {
+    Control& moved = *control(row.control, row.index);
+    switch (row.property) {
+      case MovedProperty::Left:
+        moved.setLeft(row.constant + wider);
+        break;
+      case MovedProperty::Width:
+        moved.setWidth(row.constant + wider);
+        break;
+      case MovedProperty::Top:
+        moved.setTop(row.constant + taller);
+        break;
+      case MovedProperty::Height:
+        moved.setHeight(row.constant + taller);
+        break;
+    }
+  }
 }
 
 ControlRef Form::find(TextView name, int index) {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "forms/Control.h"
+#include "forms/Grid.h"
 #include "forms/Toolbars.h"
 #include "forms/View.h"
 
@@ -54,8 +55,10 @@ class Form : public Object, public std::enable_shared_from_this<Form> {
   // Empty before the first show.
   ControlRef ActiveControl();
 
-  // Modal: returns when the form is hidden or unloaded. 400 when it is shown already.
-  void Show();
+  // Modal: returns when the form is hidden or unloaded. 400 when it is shown already. The owner is the window
+  // over which it stands; without one, the form on top.
+  void Show(ObjectRef owner = {});
+  const ObjectRef& owner() const { return owner_; }
   void Hide();
   bool Unload();  // false when the closing was refused; true at once on a form without a window
   void SetFocus();
@@ -69,6 +72,8 @@ class Form : public Object, public std::enable_shared_from_this<Form> {
   bool userFocuses(Control& control);
   void userTabs(bool forward = true);
   void userKey(int keyCode, int shift);  // virtual-key code; 1 Shift, 2 Ctrl, 4 Alt
+  bool userPresses(
+      char16_t character);  // before it reaches the control that has the focus; false: it must not
   bool userCloses();
   void userMoves(double left, double top);
   void userResizes(double width, double height);
@@ -90,6 +95,7 @@ class Form : public Object, public std::enable_shared_from_this<Form> {
   virtual void onUnload(bool& cancel) { (void)cancel; }
   virtual void onResize() {}
   virtual void onKeyDown(int keyCode, int shift) { (void)keyCode, (void)shift; }
+  virtual void onKeyPress(Control& control, int& character) { (void)control, (void)character; }
   virtual void onControl(Control& control, ControlEvent event) { (void)control, (void)event; }
   virtual void onValidate(Control& control, bool& cancel) { (void)control, (void)cancel; }
   virtual void onTool(ActiveToolBars::Tool& tool) { (void)tool; }
@@ -100,6 +106,10 @@ class Form : public Object, public std::enable_shared_from_this<Form> {
     (void)control, (void)data, (void)effect;
   }
   virtual void onDragDrop(Control& control, const ObjectRef& data) { (void)control, (void)data; }
+  virtual void onHeadClick(Grid& grid, int column) { (void)grid, (void)column; }
+  virtual void onBeforeDelete(Grid& grid, bool& cancel, bool& prompt) {
+    (void)grid, (void)cancel, (void)prompt;
+  }
   virtual bool callOwn(TextView member, Arguments arguments, Variant& result) {
     (void)member, (void)arguments, (void)result;
     return false;
@@ -107,9 +117,13 @@ class Form : public Object, public std::enable_shared_from_this<Form> {
 
   void load();
 
+  // Puts what the resize table names where it belongs when the form has grown so much beyond its minimum.
+  void stretch(double wider, double taller);
+
  private:
   friend class Control;
   friend class CommandButton;
+  friend class Grid;
   friend class ListView;
   friend class ActiveToolBars;
 
@@ -119,6 +133,9 @@ class Form : public Object, public std::enable_shared_from_this<Form> {
   ControlRef ownerOf(const Control& control) const;
   ControlRef firstInTabOrder();
   ControlRef nextInTabOrder(const ControlRef& from, bool forward);
+  bool mayLeave();
+  bool arrive(const ControlRef& arriving);
+  void clickButtonOf(int keyCode);
 
   const FormDesign& design_;
   bool loaded_ = false;
@@ -131,6 +148,7 @@ class Form : public Object, public std::enable_shared_from_this<Form> {
   std::vector<ControlRef> controls_;
   ControlRef active_;
   std::shared_ptr<FormView> view_;
+  ObjectRef owner_;
   int handlers_ = 0;                  // of this form that are running now
   std::vector<ControlRef> departed_;  // controls taken down while a handler ran
 };

@@ -6,6 +6,8 @@ namespace ovalia::forms {
 
 namespace {
 
+constexpr int enter = 13;
+
 // The controls that Tab reaches, in its order.
 std::vector<ControlRef> tabOrder(const std::vector<ControlRef>& controls) {
   std::vector<ControlRef> order;
@@ -19,19 +21,26 @@ std::vector<ControlRef> tabOrder(const std::vector<ControlRef>& controls) {
 
 }  // namespace
 
-bool Form::moveFocus(Control& target) {
-  if (active_.get() == &target) return true;
-  if (!loaded_) return false;
-  const auto arriving = std::static_pointer_cast<Control>(ownerOf(target));
+// Whether the control that has the focus lets it go. It is asked while it has it; where the focus goes
+// elsewhere meanwhile it is no longer to be moved.
+bool Form::mayLeave() {
   const ControlRef leaving = active_;
+  if (!leaving || !visible_) return true;
+  bool cancel = false;
+  onValidate(*leaving, cancel);
+  if (!loaded_ || active_ != leaving) return false;
+  if (cancel && view_) view_->focusChanged();
+  return !cancel;
+}
+
+// The check may have disabled what the focus was to go to.
+bool Form::arrive(const ControlRef& arriving) {
+  const ControlRef leaving = active_;
+  if (!arriving->takesFocus()) {
+    if (view_) view_->focusChanged();
+    return false;
+  }
   if (leaving && visible_) {
-    bool cancel = false;
-    onValidate(*leaving, cancel);
-    if (!loaded_ || active_ != leaving) return active_ == arriving;
-    if (cancel) {
-      if (view_) view_->focusChanged();
-      return false;
-    }
     onControl(*leaving, ControlEvent::LostFocus);
     if (!loaded_ || active_ != leaving) return active_ == arriving;
   }
@@ -39,6 +48,13 @@ bool Form::moveFocus(Control& target) {
   if (view_) view_->focusChanged();
   if (visible_) onControl(*arriving, ControlEvent::GotFocus);
   return active_ == arriving;
+}
+
+bool Form::moveFocus(Control& target) {
+  if (active_.get() == &target) return true;
+  if (!loaded_) return false;
+  const ControlRef arriving = ownerOf(target);
+  return mayLeave() ? arrive(arriving) : active_ == arriving;
 }
 
 ControlRef Form::ownerOf(const Control& control) const {
@@ -69,18 +85,42 @@ bool Form::userFocuses(Control& control) {
   return moved;
 }
 
+// What Tab reaches next is looked for after the check: it may have enabled or disabled just that.
 void Form::userTabs(bool forward) {
   userAction([&] {
-    if (const ControlRef next = nextInTabOrder(active_, forward)) moveFocus(*next);
+    if (!nextInTabOrder(active_, forward) || !mayLeave()) return;
+    if (const ControlRef next = nextInTabOrder(active_, forward)) arrive(next);
   });
 }
 
 void Form::userKey(int keyCode, int shift) {
-  constexpr int enter = 13;
   userAction([&] {
     if (keyPreview_) onKeyDown(keyCode, shift);
     if (visible_ && active_ && keyCode == enter && (shift & 1)) onControl(*active_, ControlEvent::ShiftEnter);
+    if (visible_ && shift == 0) clickButtonOf(keyCode);
   });
+}
+
+// The button that Enter or Escape stands for. The focus stays where it is, and is not checked.
+void Form::clickButtonOf(int keyCode) {
+  constexpr int escape = 27;
+  const Style style = keyCode == enter ? defaultButton : cancelButton;
+  if (keyCode != enter && keyCode != escape) return;
+  const bool used = active_ && (active_->type() == ControlType::CommandButton || active_->has(multiLine));
+  if (keyCode == enter && used) return;
+  const auto button = std::ranges::find_if(
+      controls_, [=](const ControlRef& control) { return control->has(style) && control->takesFocus(); });
+  if (button == controls_.end()) return;
+  const ControlRef clicked = *button;
+  onControl(*clicked, ControlEvent::Click);
+}
+
+bool Form::userPresses(char16_t character) {
+  int code = character;
+  userAction([&] {
+    if (active_) onKeyPress(*active_, code);
+  });
+  return loaded_ && code != 0;
 }
 
 bool Form::userCloses() { return Unload(); }

@@ -22,6 +22,12 @@ void TextBox::setSelection(int start, int length) {
   changed(Property::Selection);
 }
 
+void TextBox::setBackColor(std::uint32_t color) {
+  if (backColor_ == color) return;
+  backColor_ = color;
+  changed(Property::BackColor);
+}
+
 void TextBox::userTypes(TextView text) {
   form().userAction([&] {
     if (!takesFocus() || has(readOnly) || !form().moveFocus(*this) || text_ == text) return;

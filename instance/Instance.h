@@ -30,6 +30,9 @@ struct Instance {
   CardRef dNota;
   CardRef dlgNota, dlgVisita, dlgAnuncio, dlgLlamada;
 
+  // The forms about models, while they are up.
+  forms::FormRef dlgModelo, dlgListaModelos;
+
   // The open list; failure 91 when the host has set none.
   dao::Recordset& crs() const {
     if (!nota.crs) throw Failure(failure::objectNotSet);

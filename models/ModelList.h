@@ -13,4 +13,9 @@ namespace ovalia {
 void SelecModelo(Instance& nota, const Text& Materia, const Text& TMateria, const Text& folder, Text& name,
                  Text& chosenFolder);
 
+// The form asks for a subject, for a sub-matter: the host is asked. No trap.
+void dlgListaModelos_VerMateria(Instance& nota, bool& Ok, const Text& ValInicial, Text& ValFinal);
+void dlgListaModelos_VerTMateria(Instance& nota, bool& Ok, const Variant& Materia, const Text& ValInicial,
+                                 Text& ValFinal);
+
 }  // namespace ovalia

@@ -81,6 +81,22 @@ void User::doubleClicksItem(int place) { usable<ListView>(u"LsvDocu").userDouble
 void User::renamesItem(TextView text) { usable<ListView>(u"LsvDocu").userEditsLabel(text); }
 void User::dragsPane(double twips) { desk_.top().as<Splitter>(u"splitDocumentos")->userDrags(twips); }
 
+void User::strikes(TextView textBox, char16_t character) {
+  TextBox& box = usable<TextBox>(textBox);
+  if (desk_.top().userFocuses(box) && desk_.top().userPresses(character))
+    box.userTypes(box.text() + character);
+}
+
+Grid& User::grid() {
+  for (const ControlRef& control : desk_.top().controls())
+    if (control->type() == ControlType::Grid) return usable<Grid>(control->Name());
+  throw Failure(failure::noSuchControl);
+}
+
+void User::clicksRow(std::int32_t row, int shift) { grid().userClicksRow(row, shift); }
+void User::clicksHeading(int column) { grid().userClicksHeading(column); }
+void User::deletesRows() { grid().userDeletes(); }
+
 void User::dragsOver(TextView control, const ObjectRef& data, std::int32_t& effect) {
   desk_.top().userDragsOver(usable<Control>(control), data, effect);
 }

@@ -44,6 +44,14 @@ class User {
   void renamesItem(TextView text);
   void dragsPane(double twips);
 
+  // A character on the keyboard, at the end of a text box; nothing where the form keeps it from it.
+  void strikes(TextView textBox, char16_t character);
+
+  // The grid of the form: rows and columns from 0, Shift and Ctrl as for a key.
+  void clicksRow(std::int32_t row, int shift = 0);
+  void clicksHeading(int column);
+  void deletesRows();  // the Delete key on it
+
   void dragsOver(TextView control, const ObjectRef& data, std::int32_t& effect);
   void drops(TextView control, const ObjectRef& data);
 
@@ -55,6 +63,7 @@ class User {
   template <class Kind>
   Kind& usable(TextView control);
   void toggles(TextView check, int wanted);
+  forms::Grid& grid();
 
   Desk& desk_;
 };
