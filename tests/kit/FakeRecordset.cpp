@@ -191,6 +191,13 @@ std::int32_t FakeRecordset::RecordCount() const {
   return static_cast<std::int32_t>(cursor_->keys.size());
 }
 
+void FakeRecordset::setAbsolutePosition(std::int32_t position) {
+  cursor_->visit("Recordset.setAbsolutePosition");
+  if (position < 0 || position >= std::ssize(cursor_->keys)) throw Failure(dao::failure::noCurrentRecord);
+  moveTo(position);
+  cursor_->row();
+}
+
 void FakeRecordset::MoveFirst() {
   cursor_->visit("Recordset.MoveFirst");
   if (cursor_->keys.empty()) throw Failure(dao::failure::noCurrentRecord);

@@ -36,6 +36,7 @@ class FakeRecordset : public dao::Recordset {
   bool NoMatch() const override;
   std::int32_t AbsolutePosition() const override;
   std::int32_t RecordCount() const override;
+  void setAbsolutePosition(std::int32_t position) override;
   void MoveFirst() override;
   void MoveLast() override;
   void MoveNext() override;
