@@ -15,6 +15,9 @@
 #include "commands/ToolState.h"
 #include "component/OpenAndClose.h"
 #include "instance/Instance.h"
+#include "models/CreatingModels.h"
+#include "models/Outputs.h"
+#include "models/Templates.h"
 #include "routines/ModuleValues.h"
 
 namespace ovalia {
@@ -36,12 +39,12 @@ void CNota::RefrescoFicha(Text& Accion) { ovalia::RefrescoFicha(*instance_, Acci
 void CNota::RefrescoDocs() { ovalia::RefrescoDocs(*instance_); }
 void CNota::FichaLimpia() { ovalia::FichaLimpia(*instance_); }
 void CNota::CambiarMenuNotas() { ovalia::CambiarMenuNotas(*instance_); }
-void CNota::CrearModelo(Text&, Text&) {}
+void CNota::CrearModelo(Text& NArch, Text& NOrg) { ovalia::CrearModelo(*instance_, NArch, NOrg); }
 void CNota::AdjuntarDocumento(bool NotaGrabada) { ovalia::AdjuntarDocumento(*instance_, NotaGrabada); }
-void CNota::ImprimirNota() {}
-void CNota::EMailNota() {}
-void CNota::AdjuntarPlantilla(bool) {}
-void CNota::AdjuntarModelo(bool) {}
+void CNota::ImprimirNota() { ovalia::ImprimirNota(*instance_); }
+void CNota::EMailNota() { ovalia::EMailNota(*instance_); }
+void CNota::AdjuntarPlantilla(bool NotaGrabada) { ovalia::AdjuntarPlantilla(*instance_, NotaGrabada); }
+void CNota::AdjuntarModelo(bool NotaGrabada) { ovalia::AdjuntarModelo(*instance_, NotaGrabada); }
 
 bool CNota::BorrarDocNota(Text& NArch) {
   bool Preguntar = true;

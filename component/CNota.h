@@ -93,12 +93,23 @@ class CNota : public NotaSurface {
   // what was moved so far in place.
   void TrasladaNotas(std::int32_t& NuevoId, std::int32_t& NuevoCliente);
 
-  // Those below have no effect yet.
-  void CrearModelo(Text& NArch, Text& NOrg);
-  void ImprimirNota();
-  void EMailNota();
+  // Attach a document from a template of "\Plantillas\" of the user's data, or a copy of a model of that
+  // folder, which the user chooses. The host makes and fills the one (NuevoDoc, PasaDatosaDoc) and opens the
+  // other (AbrirDoc). Unless `NotaGrabada` is false a row is written; that of a template comes before its
+  // document.
   void AdjuntarPlantilla(bool NotaGrabada = true);
   void AdjuntarModelo(bool NotaGrabada = true);
+
+  // Hands the marks of the annotation that the card shows, or of the row of the host's grid that has the
+  // focus, to the host: for a document that is printed and not kept, from a template of "\Plantillas\" and
+  // the kind (NuevoDoc without a path, PasaDatosaDoc), and for a mail (PasaDatosEMail).
+  void ImprimirNota();
+  void EMailNota();
+
+  // Makes a model of a stored document of the current row of `crs`, by its stored name and the name it is
+  // shown by: opens a form and returns when that has closed. The model is a copy in "\Plantillas\" of the
+  // user's data and a row of table Plantilla.
+  void CrearModelo(Text& NArch, Text& NOrg);
 
  private:
   std::unique_ptr<Instance> instance_;

@@ -100,6 +100,37 @@ TEST_F(CommandRouting, mails_are_imported_by_the_host) {
   }
 }
 
+TEST_F(CommandRouting, a_mail_and_the_exports_go_to_the_host) {
+  const std::pair<TextView, TextView> commands[] = {{u"ID_EMail", u"PasaDatosEMail()"},
+                                                    {u"ID_ExportarNotas", u"ExportarNotas(502)"},
+                                                    {u"ID_ExportarVisita", u"ExportarVisitas(502)"}};
+  for (const TextView kind : allKinds) {
+    openOn(kind, [&] {
+      for (const auto& [id, event] : commands) {
+        host.events.clear();
+        command(u"Archivo", id);
+        EXPECT_EQ(host.events, std::vector<Text>{Text(event)});
+      }
+    });
+  }
+}
+
+TEST_F(CommandRouting, printing_looks_for_the_templates_of_the_kind_and_attaching_for_all) {
+  for (const TextView kind : allKinds) {
+    for (const bool printing : {true, false}) {
+      openOn(kind, [&] {
+        nota.AppDirUser = join(u"\\Datos\\", kind, printing);
+        here.files.putFile(
+            join(nota.AppDirUser, u"\\Plantillas\\", printing ? join(kind, u"\\") : Text(), u"Ficha.dot"));
+        expectReport(printing ? u"ImprimirNota de CNota" : u"AdjuntarPlantilla de CNota",
+                     failure::classCannotBeCreated);
+        command(u"Archivo", printing ? u"ID_Imprimir" : u"");
+        command(u"Documentos", printing ? u"" : u"ID_Plantilla");
+      });
+    }
+  }
+}
+
 TEST_F(CommandRouting, the_printer_is_chosen_in_the_hosts_dialog) {
   openOn(u"Nota", [&] {
     command(u"Archivo", u"ID_Impresora");
@@ -276,6 +307,29 @@ TEST_F(CommandRouting, a_model_is_made_of_the_list_of_the_screens_form_and_a_del
     command(u"Documentos", u"ID_CrearModelo");
     EXPECT_EQ(other->reads.front(), u"LsvDocu");
   });
+}
+
+TEST_F(CommandRouting, a_model_is_made_of_the_attachment_selected_on_the_screens_form) {
+  for (const TextView kind : {u"Nota", u"Visita", u"Anuncio"}) {  // a call keeps no documents here
+    openOn(kind, [&] {
+      here.files.putFolder(u"\\Datos\\Agencia");
+      at(2, u"NArchivos") = 2;
+      attachments().Add({u"120F00.doc", u"Contrato.doc", u"doc"});
+      attachments().Add({u"120F01.pdf", u"Plano.pdf", u"win"});
+      attachments().select(2);
+      expectBox(u"El documento adjunto (Plano.pdf) no existe.", 48, u"Modelo");
+      command(u"Documentos", u"ID_CrearModelo");
+
+      const auto other = kit::named(u"Otra"), itsList = kit::named(u"LsvDocu"), itsItem = kit::named(u"");
+      itsItem->with(u"Key", u"77F00.doc").with(u"Text", u"Otro.doc");
+      itsList->with(u"SelectedItem", itsItem);
+      other->with(u"LsvDocu", itsList);
+      const auto shown = std::exchange(here.screen.activeFormOf, [&]() -> ObjectRef { return other; });
+      expectBox(u"El documento adjunto (Otro.doc) no existe.", 48, u"Modelo");
+      command(u"Documentos", u"ID_CrearModelo");
+      here.screen.activeFormOf = shown;
+    });
+  }
 }
 
 // "ListView".

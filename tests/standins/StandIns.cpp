@@ -1,8 +1,6 @@
 #include "tests/standins/StandIns.h"
 
-#include "models/CreatingModels.h"
-#include "models/Outputs.h"
-#include "models/Templates.h"
+#include "models/ModelList.h"
 
 namespace ovalia {
 
@@ -13,9 +11,12 @@ std::vector<Text>& calls() {
   return journal;
 }
 
-namespace {
+ChosenModel& chosenModel() {
+  static ChosenModel chosen;
+  return chosen;
+}
 
-Text shown(bool value) { return value ? u"True" : u"False"; }
+namespace {
 
 void note(TextView procedure, TextView arguments = {}) {
   calls().push_back(join(procedure, u"(", arguments, u")"));
@@ -25,16 +26,12 @@ void note(TextView procedure, TextView arguments = {}) {
 }  // namespace standins
 
 using standins::note;
-using standins::shown;
 
-void CrearModelo(Instance&, Text& NArch, Text& NOrg) { note(u"CrearModelo", join(NArch, u", ", NOrg)); }
-
-void ImprimirNota(Instance&) { note(u"ImprimirNota"); }
-void EMailNota(Instance&) { note(u"EMailNota"); }
-void ExportarNota(Instance&) { note(u"ExportarNota"); }
-void ExportarVisita(Instance&) { note(u"ExportarVisita"); }
-
-void AdjuntarPlantilla(Instance&, bool NotaGrabada) { note(u"AdjuntarPlantilla", shown(NotaGrabada)); }
-void AdjuntarModelo(Instance&, bool NotaGrabada) { note(u"AdjuntarModelo", shown(NotaGrabada)); }
+void SelecModelo(Instance&, const Text& Materia, const Text& TMateria, const Text& folder, Text& name,
+                 Text& chosenFolder) {
+  note(u"SelecModelo", join(Materia, u", ", TMateria, u", ", folder));
+  name = standins::chosenModel().name;
+  chosenFolder = standins::chosenModel().folder;
+}
 
 }  // namespace ovalia

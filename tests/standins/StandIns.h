@@ -6,10 +6,14 @@
 
 namespace ovalia::standins {
 
-// What stands in this program for procedures that have no effect yet: each notes that it was called, and with
-// what, as "BorrarDocNota(120F00.doc, True)". So a command can be seen to reach its procedure. A procedure
-// that comes to do its work loses its stand-in, with those that share its source file, and is tested by its
-// effect.
+// What was asked of the list of models that stands in this program for the real one, as
+// "SelecModelo(Ventas, Arras, \Datos\Agencia)".
 std::vector<Text>& calls();
+
+// What the user chooses in it: a name and a folder, none at first.
+struct ChosenModel {
+  Text name, folder;
+};
+ChosenModel& chosenModel();
 
 }  // namespace ovalia::standins

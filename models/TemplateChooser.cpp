@@ -1,0 +1,26 @@
+#include "models/TemplateChooser.h"
+
+#include "attachments/StoredPaths.h"
+#include "platform/Platform.h"
+#include "routines/Messages.h"
+
+namespace ovalia {
+
+std::optional<Text> chosenTemplate(Instance& nota, TextView folder, bool HayDonde) {
+  constexpr std::int32_t information = 64;
+  const Text mask = join(dataFolder(nota), u"\\", folder, u"*.dot");
+  if (Platform::current().files->firstMatch(mask).empty()) {
+    MostrarMensaje(u"Plantillas inexistentes.", information, u"Plantillas");
+    return {};
+  }
+  const ObjectRef chooser = Platform::current().objects->create(u"Perlaz.CPerlaz");
+  putMember(chooser, u"HayDonde", HayDonde);
+  putMember(chooser, u"HayCual", false);
+  if (!callMember(chooser, u"Mostrar", {mask}).toBoolean()) return {};
+  nota.FormActiva = getMember(nota.nota.frmBase, u"ActiveForm").toObject();
+  getMember(chooser, u"NomFich");
+  const Text chosen = logicPath(getMember(chooser, u"QueImprimir").text());
+  return chosen.empty() ? std::optional<Text>() : chosen;
+}
+
+}  // namespace ovalia

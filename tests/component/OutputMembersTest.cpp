@@ -1,0 +1,83 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <optional>
+
+#include "component/CNota.h"
+#include "tests/cardkit/AgencyStatements.h"
+#include "tests/cardkit/CardTest.h"
+
+namespace ovalia {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+struct HeldNota {
+  std::optional<CNota> held{std::in_place};
+};
+
+// What a host has made of an annotation without a card being open: its grid of notes has the focus.
+class OutputMembers : private HeldNota, public kit::AgencyTest {
+ protected:
+  OutputMembers() : AgencyTest(*held) {}
+  void SetUp() override {
+    AgencyTest::SetUp();
+    kit::answersAttachments(*database);
+    documents = kit::attachmentTable(*database, u"DocuNotaIP");
+    for (const TextView name : {u"Oferta.dot", u"Nota\\Ficha.dot"})
+      here.files.putFile(u"\\Datos\\Agencia\\Plantillas\\" + Text(name));
+    givenList(u"Nota");
+    const auto data = std::make_shared<kit::FakeObject>();
+    data->with(u"Recordset", held->crs);
+    host.FichaInm->with(u"datNota", data);
+    here.objects.add(u"Perlaz.CPerlaz", [this] { return chooser; });
+    chooser->with(u"NomFich", u"").with(u"QueImprimir", u"\\Datos\\Agencia\\Plantillas\\Oferta.dot");
+    chooser->giving(u"Mostrar", true);
+  }
+  void TearDown() override {
+    held.reset();
+    AgencyTest::TearDown();
+  }
+  CNota& nota() { return *held; }
+
+  kit::FakeTableRef documents;
+  std::shared_ptr<kit::FakeObject> chooser = std::make_shared<kit::FakeObject>();
+};
+
+TEST_F(OutputMembers, attach_a_template_with_its_row_unless_told_otherwise) {
+  const Text made =
+      u"NuevoDoc(\\Datos\\Agencia\\Doc1\\Doc2\\Doc0\\120F00.doc, \\Datos\\Agencia\\Plantillas\\Oferta.dot)";
+  nota().AdjuntarPlantilla(false);
+  EXPECT_THAT(documents->rows, IsEmpty());
+  nota().AdjuntarPlantilla();
+  EXPECT_EQ(documents->rows.size(), 1u);
+  EXPECT_THAT(host.events, ElementsAre(made, u"PasaDatosaDoc()", made, u"PasaDatosaDoc()"));
+}
+
+TEST_F(OutputMembers, print_with_a_template_of_the_kind) {
+  nota().ImprimirNota();
+  EXPECT_THAT(host.events,
+              ElementsAre(u"NuevoDoc(\\Datos\\Agencia\\Plantillas\\Oferta.dot)", u"PasaDatosaDoc()"));
+  EXPECT_THAT(documents->rows, IsEmpty());
+}
+
+TEST_F(OutputMembers, mail) {
+  nota().EMailNota();
+  EXPECT_THAT(host.events, ElementsAre(u"PasaDatosEMail()"));
+}
+
+TEST_F(OutputMembers, of_a_component_that_was_given_nothing_tell_it_and_raise_nothing) {
+  CNota bare;
+  bare.AppDirUser = u"\\Datos\\Nadie";
+  for (int i = 0; i < 2; ++i) expectBox(u"Plantillas inexistentes.", 64, u"Plantillas");
+  expectReport(u"AdjuntarModelo de CNota", failure::objectNotSet);
+  expectReport(u"Pasa_Datos_Dlg de CNota", failure::objectNotSet);
+  bare.AdjuntarPlantilla();
+  bare.ImprimirNota();
+  bare.AdjuntarModelo();
+  bare.EMailNota();
+}
+
+}  // namespace
+}  // namespace ovalia
