@@ -23,7 +23,7 @@ std::int32_t currentKey(const Instance& nota) { return nota.crs().fields().at(0)
 void ImprimirNota(Instance& nota) {
   procedure(u"ImprimirNota de CNota", [&] {
     constexpr bool printing = true;
-    auto chosen = chosenTemplate(nota, join(u"Plantillas\\", nota.nota.Tipo, u"\\"), printing);
+    auto chosen = chosenTemplate(nota, join(nota.nota.Tipo, u"\\"), printing);
     if (!chosen) return;
     Text notKept;
     ObjectRef word;

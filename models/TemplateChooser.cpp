@@ -1,6 +1,7 @@
 #include "models/TemplateChooser.h"
 
 #include "attachments/StoredPaths.h"
+#include "models/ModelFolder.h"
 #include "platform/Platform.h"
 #include "routines/Messages.h"
 
@@ -8,7 +9,7 @@ namespace ovalia {
 
 std::optional<Text> chosenTemplate(Instance& nota, TextView folder, bool HayDonde) {
   constexpr std::int32_t information = 64;
-  const Text mask = join(dataFolder(nota), u"\\", folder, u"*.dot");
+  const Text mask = join(modelFolder(dataFolder(nota)), folder, u"*.dot");
   if (Platform::current().files->firstMatch(mask).empty()) {
     MostrarMensaje(u"Plantillas inexistentes.", information, u"Plantillas");
     return {};

@@ -60,7 +60,7 @@ Place freePlace(const Instance& nota, std::int32_t record, Text extension) {
 void AdjuntarPlantilla(Instance& nota, bool NotaGrabada) {
   procedure(u"AdjuntarPlantilla de CNota", [&] {
     constexpr bool attaching = false;
-    auto chosen = chosenTemplate(nota, u"Plantillas\\", attaching);
+    auto chosen = chosenTemplate(nota, u"", attaching);
     if (!chosen) return;
     const std::int32_t record = getMember(objectAt(nota.FormActiva, {u"vClase"}), u"IdRegistro").toLong();
     // The form's title stands where an extension should; it is none, and so the document becomes a ".doc".

@@ -1,4 +1,3 @@
-// Copies of models that the user chose in a list which is played here.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -6,14 +5,12 @@
 
 #include "models/Templates.h"
 #include "tests/cardkit/Attachments.h"
-#include "tests/cardkit/RecordingScreen.h"
-#include "tests/standins/StandIns.h"
+#include "tests/models/ModelTables.h"
+#include "tests/models/PassedMarks.h"
 
 namespace ovalia {
 namespace {
 
-using standins::calls;
-using standins::chosenModel;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -23,18 +20,49 @@ class AttachingModels : public kit::AttachmentsTest {
  protected:
   void SetUp() override {
     AttachmentsTest::SetUp();
-    calls().clear();
-    choose(u"Contrato.doc");
-    putModel(u"Contrato.doc");
-  }
-  void TearDown() override {
-    chosenModel() = {};
-    AttachmentsTest::TearDown();
+    kit::putModelTables(*database);
+    offer(u"Contrato.doc");
   }
 
-  void choose(TextView name) { chosenModel() = {Text(name), models}; }
-  void putModel(TextView name) { here.files.putFile(models + Text(name), u"el modelo"); }
-  void attach(bool saved = true) { AdjuntarModelo(instance, saved); }
+  // A model of that name, the only one there is, and its file.
+  void offer(TextView name) {
+    here.files.putFile(join(nota.AppDirUser, u"\\Plantillas\\", name), u"el modelo");
+    offerWithoutFile(name);
+  }
+  void offerWithoutFile(TextView name) {
+    database->tableNamed(u"Plantilla")->rows.clear();
+    kit::putModel(*database, name);
+  }
+
+  // The list comes up, and the user takes the model; or does as the test says.
+  void attach(bool saved = true) {
+    attachBy([&] { user.clicks(u"cmdAceptar"); }, saved);
+  }
+  void attachBy(kit::Desk::Script script, bool saved = true) {
+    desk.whileShown(std::move(script));
+    attachWithoutList(saved);
+  }
+  void attachWithoutList(bool saved = true) { AdjuntarModelo(instance, saved); }
+
+  // The user takes a model whose file is not there, keeps its row and closes the window: the choice stands.
+  void attachMissing(std::int32_t reported) {
+    attachBy([&, reported] {
+      expectBox(u"El modelo seleccionado no existe.\r\n\r\n¿Desea borrar la referencia?", 52, u"Modelo", 7);
+      expectReport(reporter, reported);
+      user.clicks(u"cmdAceptar");
+    });
+  }
+
+  // The subject and the sub-matter that the list comes up with.
+  Text proposed() {
+    Text found;
+    attachBy([&] {
+      const auto text = [&](TextView box) { return desk.top().control(box)->value().text(); };
+      EXPECT_EQ(desk.top().Name(), u"ListaModelos");
+      found = join(text(u"txtMateria"), u", ", text(u"txtTMateria"));
+    });
+    return found;
+  }
 
   // A form of the host with a controller of its own; its list shows subjects.
   std::shared_ptr<kit::FakeObject> showsList(TextView name, Variant subject, Variant subMatter) {
@@ -51,14 +79,13 @@ class AttachingModels : public kit::AttachmentsTest {
     return form;
   }
 
-  const Text models = agencyFolder + u"\\Plantillas\\";
   const Text reporter = u"AdjuntarModelo de CNota";
 };
 
 TEST_F(AttachingModels, copies_it_into_the_tree_writes_its_row_and_has_it_opened) {
   attach();
   EXPECT_EQ(here.files.content(leaf + u"120F00.doc"), u"el modelo");
-  EXPECT_EQ(here.files.content(models + u"Contrato.doc"), u"el modelo");
+  EXPECT_EQ(here.files.content(agencyFolder + u"\\Plantillas\\Contrato.doc"), u"el modelo");
   EXPECT_THAT(rows(), ElementsAre(u"1: 120 1 501 Contrato.doc < 120F00.doc"));
   EXPECT_EQ(counter(), 1);
   EXPECT_THAT(host.events, ElementsAre(u"AbrirDoc(\\Datos\\Agencia\\Doc1\\Doc2\\Doc0\\120F00.doc)"));
@@ -75,8 +102,7 @@ TEST_F(AttachingModels, keeps_an_extension_of_three_letters_alone) {
     SCOPED_TRACE(toUtf8(name));
     documents->rows.clear();
     nota.AppDirUser = join(u"\\Datos\\", name);
-    putModel(name);
-    choose(name);
+    offer(name);
     attach();
     EXPECT_EQ(documents->at(0, u"NombreOrg").text(), name);
     EXPECT_EQ(documents->at(0, u"NombreArch").text(), stored);
@@ -93,17 +119,20 @@ TEST_F(AttachingModels, of_an_annotation_not_saved_yet_writes_no_row) {
 }
 
 TEST_F(AttachingModels, cancelled_does_nothing_without_a_word) {
-  for (const auto& [name, folder] :
-       {std::pair<Text, Text>{u"", u""}, {u"", models}, {u"Contrato.doc", u""}}) {
-    chosenModel() = {name, folder};
-    attach();
-  }
+  attachBy([&] { user.clicks(u"cmdCancelar"); });
+  attachBy([] {});
   EXPECT_THAT(tree(), ElementsAre(u"Plantillas\\Contrato.doc"));
   EXPECT_THAT(rows(), IsEmpty());
   EXPECT_THAT(host.events, IsEmpty());
   EXPECT_EQ(instance.FormActiva, nullptr);
-  EXPECT_THAT(database->opened,
-              testing::Not(Contains(u"SELECT Id, NombreArch FROM DocuNotaIP WHERE Id = 120")));
+}
+
+TEST_F(AttachingModels, lets_the_list_go) {
+  attachBy([&] {
+    EXPECT_NE(instance.dlgListaModelos, nullptr);
+    user.clicks(u"cmdAceptar");
+  });
+  EXPECT_EQ(instance.dlgListaModelos, nullptr);
 }
 
 TEST_F(AttachingModels, goes_into_the_folder_of_the_record_shown_or_being_added) {
@@ -126,9 +155,11 @@ TEST_F(AttachingModels, lists_it_on_the_card_and_leaves_the_rest_of_it_alone) {
   });
 }
 
-TEST_F(AttachingModels, asks_the_engine_no_more_than_this) {
-  database->opened.clear();
-  attach();
+TEST_F(AttachingModels, asks_the_engine_no_more_than_this_once_the_list_is_closed) {
+  attachBy([&] {
+    database->opened.clear();
+    user.clicks(u"cmdAceptar");
+  });
   EXPECT_THAT(database->opened,
               ElementsAre(u"SELECT Id, NombreArch FROM DocuNotaIP WHERE Id = 120",
                           u"SELECT NombreOrg FROM DocuNotaIP WHERE NombreArch='Contrato.doc'"));
@@ -137,43 +168,35 @@ TEST_F(AttachingModels, asks_the_engine_no_more_than_this) {
 
 // The subject that is proposed.
 
-TEST_F(AttachingModels, proposes_no_subject_on_a_card_of_the_host) {
-  attach();
-  EXPECT_EQ(calls(), std::vector<Text>{u"SelecModelo(, , \\Datos\\Agencia)"});
-}
+TEST_F(AttachingModels, proposes_no_subject_on_a_card_of_the_host) { EXPECT_EQ(proposed(), u", "); }
 
 TEST_F(AttachingModels, proposes_the_subject_of_a_hosts_list) {
-  showsList(u"ListaExpV", u"Ventas", u"Arras");
-  attach();
+  showsList(u"ListaExpV", u"Ventas", u"Oferta");
+  EXPECT_EQ(proposed(), u"Ventas, Oferta");
   showsList(u"Lista", Null, Null);
-  attach();
-  EXPECT_THAT(calls(), ElementsAre(u"SelecModelo(Ventas, Arras, \\Datos\\Agencia)",
-                                   u"SelecModelo(, , \\Datos\\Agencia)"));
+  EXPECT_EQ(proposed(), u", ");
 }
 
 TEST_F(AttachingModels, proposes_nothing_on_a_form_that_is_only_called_alike) {
   for (const TextView name : {u"listaExpV", u"MiLista", u"List", u""}) {
-    showsList(name, u"Ventas", u"Arras");
-    attach();
-    EXPECT_EQ(calls().back(), u"SelecModelo(, , \\Datos\\Agencia)") << toUtf8(name);
+    showsList(name, u"Ventas", u"Oferta");
+    EXPECT_EQ(proposed(), u", ") << toUtf8(name);
   }
 }
 
 TEST_F(AttachingModels, proposes_the_sub_matter_alone_on_a_case_file) {
   const auto subject = kit::named(u"txtMateria"), subMatter = kit::named(u"txtTMateria");
   subject->with(u"Text", u"Ventas");
-  subMatter->with(u"Text", u"Arras");
+  subMatter->with(u"Text", u"Oferta");
   host.FichaExpV->with(u"txtMateria", subject).with(u"txtTMateria", subMatter);
   host.shows(host.FichaExpV);
-  attach();
-  EXPECT_EQ(calls(), std::vector<Text>{u"SelecModelo(, Arras, \\Datos\\Agencia)"});
+  EXPECT_EQ(proposed(), u", Oferta");
   EXPECT_THAT(subject->reads, ElementsAre(u"Text"));
 }
 
-TEST_F(AttachingModels, hands_the_data_folder_on_as_it_was_set) {
+TEST_F(AttachingModels, understands_a_data_folder_in_the_systems_form) {
   nota.AppDirUser = u"/Datos/Agencia";
   attach();
-  EXPECT_EQ(calls(), std::vector<Text>{u"SelecModelo(, , /Datos/Agencia)"});
   EXPECT_THAT(host.events, ElementsAre(u"AbrirDoc(\\Datos\\Agencia\\Doc1\\Doc2\\Doc0\\120F00.doc)"));
 }
 
@@ -199,8 +222,7 @@ TEST_F(AttachingModels, reports_what_is_missing_at_the_host_and_asks_nothing) {
     SCOPED_TRACE(row.what);
     row.arrange();
     expectReport(reporter, row.number);
-    attach();
-    EXPECT_THAT(calls(), IsEmpty());
+    attachWithoutList();
     host.shows(host.FichaInm);
     nota.frmBase = host.frmBase;
   }
@@ -216,10 +238,10 @@ TEST_F(AttachingModels, without_the_records_number_copies_nothing) {
 
 TEST_F(AttachingModels, of_a_name_that_leads_elsewhere_copies_nothing) {
   here.files.putFile(agencyFolder + u"\\secreto.doc", u"secreto");
+  here.files.putFile(agencyFolder + u"\\Plantillas\\Nota\\Ficha.dot", u"una plantilla");
   for (const TextView name : {u"..\\secreto.doc", u"../secreto.doc", u"Nota\\Ficha.dot", u"..", u"."}) {
-    choose(name);
-    expectReport(reporter, failure::pathNotFound);
-    attach();
+    offerWithoutFile(name);
+    attachMissing(failure::pathNotFound);
   }
   EXPECT_FALSE(here.files.exists(leaf + u"120F00.doc"));
   EXPECT_THAT(rows(), IsEmpty());
@@ -227,12 +249,16 @@ TEST_F(AttachingModels, of_a_name_that_leads_elsewhere_copies_nothing) {
 }
 
 TEST_F(AttachingModels, of_a_model_that_is_missing_leaves_neither_row_nor_event) {
-  choose(u"Nada.doc");
-  expectReport(reporter, failure::fileNotFound);
-  attach();
-  chosenModel().folder = agencyFolder + u"\\Otras\\";
-  expectReport(reporter, failure::pathNotFound);
-  attach();
+  offerWithoutFile(u"Nada.doc");
+  attachMissing(failure::fileNotFound);
+  EXPECT_THAT(rows(), IsEmpty());
+  EXPECT_THAT(host.events, IsEmpty());
+}
+
+TEST_F(AttachingModels, without_a_folder_of_models_leaves_neither_row_nor_event) {
+  nota.AppDirUser = u"\\Datos\\Otra";
+  here.files.putFolder(nota.AppDirUser);
+  attachMissing(failure::pathNotFound);
   EXPECT_THAT(rows(), IsEmpty());
   EXPECT_THAT(host.events, IsEmpty());
 }
@@ -246,10 +272,12 @@ TEST_F(AttachingModels, that_cannot_be_copied_leaves_neither_row_nor_event) {
 }
 
 TEST_F(AttachingModels, without_a_name_for_it_copies_nothing) {
-  here.faults.failNext("Database.OpenRecordset", dao::failure::locked);
   expectReport(u"CreaNombreDoc de CNota", dao::failure::locked);
   expectReport(reporter, failure::pathNotFound);
-  attach();
+  attachBy([&] {
+    here.faults.failNext("Database.OpenRecordset", dao::failure::locked);
+    user.clicks(u"cmdAceptar");
+  });
   EXPECT_THAT(tree(), SizeIs(1));
   EXPECT_THAT(host.events, IsEmpty());
 }
@@ -278,40 +306,43 @@ TEST_F(AttachingModels, that_the_host_cannot_open_stays_attached) {
   EXPECT_THAT(rows(), SizeIs(1));
 }
 
+// The list fails in ways of its own; none leads to more than a choice.
 TEST_F(AttachingModels, survives_any_failure_and_can_be_done_again) {
-  for (const std::int32_t number : {dao::failure::locked, failure::diskFull}) {
-    int failures = 0;
-    for (bool met = true; met; ++failures) {
-      ASSERT_LT(failures, 500) << "attaching never comes to its end";
-      SCOPED_TRACE("call " + std::to_string(failures + 1) + " fails with " + std::to_string(number));
-      nota.AppDirUser = join(u"\\Datos\\", number, u"-", failures);
-      documents->rows.clear();
-      list->at(0, u"NArchivos") = 0;
-      host.events.clear();
-      kit::RecordingScreen screen(here.faults, here.screen);
-      here.platform.screen = &screen;
-      here.faults.failNth("", failures + 1, number);
-      attach();
-      met = here.faults.unmet().empty();
-      here.faults.heal();
-      const Text file = nota.AppDirUser + u"\\Doc1\\Doc2\\Doc0\\120F00.doc";
-      if (here.files.exists(file)) {
-        EXPECT_EQ(here.files.content(file), u"el modelo");
-      }
-      EXPECT_EQ(here.files.content(models + u"Contrato.doc"), u"el modelo");
-      EXPECT_LE(rows().size(), here.files.exists(file) ? 1u : 0u);
-      EXPECT_LE(counter(), std::int32_t(rows().size()));
-      EXPECT_LE(host.events.size(), here.files.exists(file) ? 1u : 0u);
-      EXPECT_EQ(screen.boxes.empty(), !met);
-      here.files.appended.clear();
-      here.platform.screen = &here.screen;
-      const std::size_t rowsBefore = rows().size();
-      attach();
-      EXPECT_EQ(rows().size(), rowsBefore + 1);
-      here.files.appended.clear();
+  int folder = 0;
+  bool waiting = false;  // for a list that has not come up
+  const auto take = [&] {
+    if (!std::exchange(waiting, true))
+      desk.whileShown([&] {
+        waiting = false;
+        user.clicks(u"cmdAceptar");
+      });
+    attachWithoutList();
+  };
+  const auto before = [&] {
+    nota.AppDirUser = join(u"\\Datos\\", folder++);
+    offer(u"Contrato.doc");
+    documents->rows.clear();
+    list->at(0, u"NArchivos") = 0;
+    host.events.clear();
+  };
+  const auto check = [&](const kit::RecordingScreen& screen) {
+    const Text file = nota.AppDirUser + u"\\Doc1\\Doc2\\Doc0\\120F00.doc";
+    const bool copied = here.files.exists(file);
+    if (copied) {
+      EXPECT_EQ(here.files.content(file), u"el modelo");
     }
-    EXPECT_GE(failures, 25);
-  }
+    EXPECT_EQ(here.files.content(nota.AppDirUser + u"\\Plantillas\\Contrato.doc"), u"el modelo");
+    EXPECT_LE(rows().size(), copied ? 1u : 0u);
+    EXPECT_LE(counter(), std::int32_t(rows().size()));
+    EXPECT_LE(host.events.size(), copied ? 1u : 0u);
+    EXPECT_FALSE(screen.boxes.empty());
+    here.platform.screen = &here.screen;
+    const std::size_t rowsBefore = rows().size();
+    take();
+    EXPECT_EQ(rows().size(), rowsBefore + 1);
+  };
+  for (const std::int32_t number : {dao::failure::locked, failure::diskFull})
+    EXPECT_GE(failEachCall(here, number, before, take, check), 25);
 }
 
 }  // namespace
