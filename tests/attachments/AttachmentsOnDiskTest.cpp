@@ -77,14 +77,14 @@ TEST_F(AddingOnDisk, a_copy_that_cannot_be_brought_to_disk_leaves_neither_file_n
 
 // It is copied as far as it had come; what is written meanwhile may be in it or not.
 TEST_F(AddingOnDisk, a_source_that_grows_while_it_is_copied_is_a_copy_of_its_beginning) {
-  const std::string begun(8'000'000, 'x');
-  constexpr int mostChunks = 500;
+  const std::string begun(2'000'000, 'x');
+  constexpr int mostChunks = 100;
   tree.putFile("registro.txt", begun);
   std::atomic<bool> grows = false, done = false;
   std::thread other([&] {
     std::ofstream file(tree.path() / "registro.txt", std::ios::app | std::ios::binary);
     for (int i = 0; i < mostChunks && !done; ++i) {
-      file << std::string(64 * 1024, 'y') << std::flush;
+      file << std::string(16 * 1024, 'y') << std::flush;
       grows = true;
     }
   });
