@@ -13,7 +13,8 @@ void tellEscaped();
 // through the toolkit on its way out leaves the toolkit's copies of the signal's arguments behind.
 template <typename Work>
 auto telling(Work work) {
-  return [work = std::move(work)](auto&&... arguments) mutable {
+  return [work = std::move(work)](auto&&... arguments) mutable
+         -> void requires(std::is_invocable_v<Work&, decltype(arguments)...> || std::is_invocable_v<Work&>) {
     try {
       if constexpr (std::is_invocable_v<Work&, decltype(arguments)...>)
         work(std::forward<decltype(arguments)>(arguments)...);
