@@ -9,21 +9,42 @@ namespace ovalia::host {
 // To be called inside a handler.
 void tellEscaped();
 
-// The same work, from which nothing escapes. For what is connected to a signal: a failure that passes
-// through the toolkit on its way out leaves the toolkit's copies of the signal's arguments behind.
+// Work from which nothing escapes. For what is connected to a signal: a failure that passes through the
+// toolkit on its way out leaves the toolkit's copies of the signal's arguments behind. The work takes the
+// signal's arguments, or none of them.
 template <typename Work>
-auto telling(Work work) {
-  return [work = std::move(work)](auto&&... arguments) mutable
-         -> void requires(std::is_invocable_v<Work&, decltype(arguments)...> || std::is_invocable_v<Work&>) {
+class Telling {
+ public:
+  explicit Telling(Work work) : work_(std::move(work)) {}
+
+  template <typename... Arguments>
+  requires std::is_invocable_v<Work&, Arguments...>
+  void operator()(Arguments&&... arguments) {
+    tellWhatEscapes([&] { work_(std::forward<Arguments>(arguments)...); });
+  }
+
+  template <typename... Arguments>
+  requires(!std::is_invocable_v<Work&, Arguments...> && std::is_invocable_v<Work&>) void operator()(
+      Arguments&&...) {
+    tellWhatEscapes(work_);
+  }
+
+ private:
+  template <typename Call>
+  static void tellWhatEscapes(Call&& call) {
     try {
-      if constexpr (std::is_invocable_v<Work&, decltype(arguments)...>)
-        work(std::forward<decltype(arguments)>(arguments)...);
-      else
-        work();
+      call();
     } catch (...) {
       tellEscaped();
     }
-  };
+  }
+
+  Work work_;
+};
+
+template <typename Work>
+Telling<Work> telling(Work work) {
+  return Telling<Work>(std::move(work));
 }
 
 }  // namespace ovalia::host
