@@ -57,16 +57,6 @@ Text completed(const ObjectRef& dialog, Text chosen, TextView stored) {
   return chosen;
 }
 
-bool samePath(TextView a, TextView b) {
-  const auto plain = [](TextView path) {
-    Text result;
-    for (const char16_t c : path)
-      if (c != u'\\' || !result.ends_with(u'\\')) result += c;
-    return result;
-  };
-  return sameName(plain(a), plain(b));
-}
-
 // By its path alone: signs that are wildcards elsewhere name no other file.
 bool isPlainFile(TextView path) {
   int attributes = Files::directoryAttribute;
@@ -75,8 +65,7 @@ bool isPlainFile(TextView path) {
 }
 
 void copyOver(TextView document, TextView target) {
-  files().attributes(document);
-  if (samePath(document, target)) throw Failure(failure::permissionDenied);
+  if (files().sameFile(document, target)) throw Failure(failure::permissionDenied);
   if (isPlainFile(target)) EnviarAPapelera(target);
   files().copy(document, target, true);
 }

@@ -81,7 +81,7 @@ bool BorrarDocNota(Instance& nota, TextView NArch, bool Preguntar) {
         !isYes(join(u"El documento adjunto a la nota se borrará.", CRLF, CRLF, u"¿Desea continuar?"),
                u"Borrar")) {
       result = false;
-      return;
+      return showWhatIsLeft(nota);
     }
     const auto decide = [&](const Failure& failed) {
       AfterFailure after = AfterFailure::leave;

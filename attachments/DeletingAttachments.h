@@ -6,8 +6,8 @@ namespace ovalia {
 
 // Deletes an attachment of the current row by its stored name, after a question if `Preguntar`: first the
 // file, by way of the recycle bin, then the counter falls by one, then the row goes; nothing is taken back. A
-// visible card's list is filled again. With a counter that is not above 0, or without a name, nothing is done
-// and the result is true.
+// visible card's list is filled again, also when the user declines. With a counter that is not above 0, or
+// without a name, nothing is done and the result is true.
 //
 // False when the user declines or the file cannot be removed. A file that the bin did not take is told to the
 // user and counts as removed, one that is missing or whose name no file can have too. Failures behind the

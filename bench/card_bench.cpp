@@ -3,6 +3,8 @@
 
 #include <benchmark/benchmark.h>
 
+#include <unordered_set>
+
 #include "bench/Bare.h"
 #include "bench/HostAgency.h"
 #include "bench/QuietPlatform.h"
@@ -23,6 +25,8 @@ struct CardRow {
   const Kind& kind;
   TextView table, key;
   std::vector<std::string> lookups;  // by a number, that a fill makes beside reading the row
+
+  TextView attachments() const { return host::annotationTable(table).attachments; }
 };
 
 const CardRow& notes() {
@@ -53,6 +57,7 @@ struct OpenCard {
     const auto users = database->OpenRecordset(u"SELECT Nombre FROM Usuario", dao::dbOpenSnapshot);
     surface.cUsuario = users->value(u"Nombre").text();
     surface.TipoAccNota = u"TipoAccNota";
+    surface.DocuAsoc = row.attachments();
     surface.crs = database->OpenRecordset(listOf(row));
     nota.dNota = std::make_shared<forms::CardForm>(row.kind.design());
     connectCard(nota, *nota.dNota);
@@ -100,7 +105,7 @@ void Siguiente_Card(benchmark::State& state, const CardRow& row) {
   }
 }
 
-// The statements alone: the next key's row and the look-ups.
+// The statements alone: the next key's row, the look-ups and, where the row counts some, its attachments.
 void Siguiente_Bare(benchmark::State& state, const CardRow& row) {
   BareConnection connection(hostAgencyFile(static_cast<int>(state.range(0))));
   const Text list = listOf(row);
@@ -109,6 +114,13 @@ void Siguiente_Bare(benchmark::State& state, const CardRow& row) {
   const BareStatement read = connection.prepare(toUtf8(from + u" WHERE " + key + u" = ?1"));
   const std::vector<std::int32_t> keys =
       readKeys(connection.prepare(toUtf8(u"SELECT " + key + list.substr(list.find(u" FROM ")))).get());
+  const std::vector<std::int32_t> counting = readKeys(
+      connection
+          .prepare(toUtf8(u"SELECT " + Text(row.key) + u" FROM " + Text(row.table) + u" WHERE NArchivos > 0"))
+          .get());
+  const std::unordered_set<std::int32_t> documented(counting.begin(), counting.end());
+  const BareStatement attachments =
+      connection.prepare(toUtf8(u"SELECT * FROM " + Text(row.attachments()) + u" WHERE IdNota = ?1"));
   std::vector<BareStatement> lookups;
   for (const std::string& sql : row.lookups) lookups.push_back(connection.prepare(sql));
   std::size_t place = 0;
@@ -116,6 +128,7 @@ void Siguiente_Bare(benchmark::State& state, const CardRow& row) {
     if (++place == keys.size()) place = 0;
     benchmark::DoNotOptimize(readRow(read.get(), keys[place]));
     for (const BareStatement& lookup : lookups) benchmark::DoNotOptimize(readRow(lookup.get(), 1));
+    if (documented.contains(keys[place])) benchmark::DoNotOptimize(readRow(attachments.get(), keys[place]));
   }
 }
 

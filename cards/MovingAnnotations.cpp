@@ -74,10 +74,10 @@ void dispose(const Instance& nota, const Move& move, const Moved& moved) {
 
 // Names are made one at a time: the rows still hold the old parent, so that only the copies on disk keep two
 // new names apart.
-void moveOne(const Instance& nota, Move move, std::int32_t oldParent) {
+void moveOne(const Instance& nota, Move move, const ObjectRef& form) {
   const auto rows = database().OpenRecordset(
       join(u"SELECT * FROM ", nota.nota.DocuAsoc, u" WHERE IdNota = ", move.annotation), dao::dbOpenSnapshot);
-  move.oldFolder = folderOf(nota, oldParent);
+  move.oldFolder = folderOf(nota, getMember(objectAt(form, {u"vClase"}), u"NumFicha").toLong());
   move.newFolder = folderOf(nota, move.parent);
   std::vector<Moved> all;
   for (; !rows->isEOF(); rows->MoveNext()) all.push_back(copied(nota, move, *rows));
@@ -99,11 +99,9 @@ void TrasladaNotas(Instance& nota, std::int32_t NuevoId, std::int32_t NuevoClien
     const ObjectRef grid = objectAt(form, {u"grdNota"});
     const std::int32_t count = getMember(objectAt(grid, {u"SelBookmarks"}), u"Count").toLong();
     if (count == 0) MostrarMensaje(u"Por favor, marque las notas que quiere mover.", critical, u"");
-    for (std::int32_t place = 0; place < count; ++place) {
-      const std::int32_t annotation = markedAnnotation(grid, place);
-      const std::int32_t oldParent = getMember(objectAt(form, {u"vClase"}), u"NumFicha").toLong();
-      moveOne(nota, {.annotation = annotation, .parent = NuevoId, .client = NuevoCliente}, oldParent);
-    }
+    for (std::int32_t place = 0; place < count; ++place)
+      moveOne(nota, {.annotation = markedAnnotation(grid, place), .parent = NuevoId, .client = NuevoCliente},
+              form);
   });
 }
 

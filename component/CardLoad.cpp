@@ -61,6 +61,7 @@ void dNota_Load(Instance& nota) {
     const ObjectRef controls = card.Controls();
     card.setKeyPreview(false);
     RestaurarVentana(nota.dNota);
+    card.Form_Resize();  // a size that is the first one anyway moved nothing, and the panes need their room
     recallPaneWidth(nota, card);
     if (ExisteControl(controls, u"cboAcceso")) fillFromNames(card, u"cboAcceso", nota.nota.TipoAccNota);
     fillFromNames(card, u"cboUsuario", u"Usuario");

@@ -39,7 +39,8 @@ QList<QWidget*> shownWindows() {
 
 Shell::RecycleResult DesktopShell::recycle(TextView path) {
   const QString name = diskFile(path);
-  if (const QFileInfo info(name); !info.exists() && !info.isSymLink()) return {noSuchFile, noSuchFile, false};
+  if (const QFileInfo info(name); info.isDir() || (!info.exists() && !info.isSymLink()))
+    return {noSuchFile, noSuchFile, false};
   QFile file(name);
   if (file.moveToTrash()) return {};
   const int code = file.error() == QFileDevice::PermissionsError ? accessDenied : generalFailure;

@@ -12,9 +12,6 @@ class Application : public QApplication {
   using QApplication::QApplication;
 
   bool notify(QObject* receiver, QEvent* event) override;
-
- private:
-  bool telling_ = false;  // what fails meanwhile is logged only
 };
 
 }  // namespace ovalia::host

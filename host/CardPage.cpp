@@ -10,6 +10,7 @@
 
 #include "desktop/QtText.h"
 #include "host/Contract.h"
+#include "host/Escapes.h"
 
 namespace ovalia::host {
 
@@ -49,8 +50,8 @@ CardPage::CardPage(std::shared_ptr<HostCard> card, QWidget* parent)
     ListPane* marked = pane(grid);
     return marked ? marked->grid().selectedKeys() : std::vector<std::int32_t>();
   };
-  QObject::connect(save_, &QPushButton::clicked, this, [this] { card_->save(); });
-  QObject::connect(undo_, &QPushButton::clicked, this, [this] { card_->undo(); });
+  QObject::connect(save_, &QPushButton::clicked, this, telling([this] { card_->save(); }));
+  QObject::connect(undo_, &QPushButton::clicked, this, telling([this] { card_->undo(); }));
   QObject::connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
     if (now && isAncestorOf(now)) lastControl_ = fromQt(now->objectName());
   });
@@ -80,7 +81,7 @@ void CardPage::buildFields() {
       memo->setTabChangesFocus(true);
       memo->setFixedHeight(memo->fontMetrics().lineSpacing() * memoLines + 12);
       QObject::connect(memo, &QPlainTextEdit::textChanged, this,
-                       [this, &field, memo] { edited(field, memo->toPlainText()); });
+                       telling([this, &field, memo] { edited(field, memo->toPlainText()); }));
       box = memo;
     } else {
       auto* line = new QLineEdit(this);
@@ -92,7 +93,7 @@ void CardPage::buildFields() {
         line->setPalette(grey);
       }
       QObject::connect(line, &QLineEdit::textEdited, this,
-                       [this, &field](const QString& text) { edited(field, text); });
+                       telling([this, &field](const QString& text) { edited(field, text); }));
       box = line;
     }
     box->setObjectName(toQt(field.control));

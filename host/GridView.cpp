@@ -4,6 +4,8 @@
 #include <QKeyEvent>
 #include <QProxyStyle>
 
+#include "host/Escapes.h"
+
 namespace ovalia::host {
 
 namespace {
@@ -47,12 +49,12 @@ GridView::GridView(const QString& name, const std::vector<Column>& columns, cons
   verticalHeader()->setDefaultSectionSize(fontMetrics().height() * 3 / 2);
   horizontalHeader()->setStretchLastSection(true);
   horizontalHeader()->setHighlightSections(false);
-  QObject::connect(selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this] {
-    if (!following_) moved();
-  });
-  QObject::connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
-    if (!following_) moved();
-  });
+  QObject::connect(selectionModel(), &QItemSelectionModel::currentRowChanged, this, telling([this] {
+                     if (!following_) moved();
+                   }));
+  QObject::connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, telling([this] {
+                     if (!following_) moved();
+                   }));
 }
 
 void GridView::fitColumns() {

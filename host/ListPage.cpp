@@ -11,6 +11,7 @@
 
 #include "desktop/QtText.h"
 #include "host/Contract.h"
+#include "host/Escapes.h"
 
 namespace ovalia::host {
 
@@ -56,9 +57,10 @@ ListPage::ListPage(const HostForm& form, Workplace& workplace, QWidget* parent)
     if (const std::int32_t record = grid_->currentKey()) opened(record);
   };
   grid_->opened = openCurrent;
-  QObject::connect(open, &QPushButton::clicked, this, openCurrent);
-  QObject::connect(wanted_, &QLineEdit::textChanged, this, [this](const QString& text) { search(text); });
-  QObject::connect(wanted_, &QLineEdit::returnPressed, this, openCurrent);
+  QObject::connect(open, &QPushButton::clicked, this, telling(openCurrent));
+  QObject::connect(wanted_, &QLineEdit::textChanged, this,
+                   telling([this](const QString& text) { search(text); }));
+  QObject::connect(wanted_, &QLineEdit::returnPressed, this, telling(openCurrent));
 
   const QPointer<ListPage> page(this);
   contract_ = listContract({Text(form.listForm), fromQt(desktop::spoken(form.listCaption)), Text(form.table),

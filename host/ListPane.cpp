@@ -4,6 +4,7 @@
 #include <QVBoxLayout>
 
 #include "desktop/QtText.h"
+#include "host/Escapes.h"
 
 namespace ovalia::host {
 
@@ -49,8 +50,8 @@ ListPane::ListPane(AnnotationList& list, QWidget* parent) : QWidget(parent), lis
 
   grid_->opened = [this] { openCurrent(); };
   grid_->moved = [this] { rowMoved(); };
-  QObject::connect(open_, &QPushButton::clicked, this, [this] { openCurrent(); });
-  QObject::connect(add_, &QPushButton::clicked, this, [this] { addNew(); });
+  QObject::connect(open_, &QPushButton::clicked, this, telling([this] { openCurrent(); }));
+  QObject::connect(add_, &QPushButton::clicked, this, telling([this] { addNew(); }));
 }
 
 void ListPane::fill() {

@@ -10,6 +10,7 @@
 #include <QTabBar>
 
 #include "desktop/QtText.h"
+#include "host/Escapes.h"
 #include "host/PlaceMemory.h"
 #include "platform/Platform.h"
 
@@ -55,7 +56,8 @@ MainWindow::MainWindow(Workplace& workplace)
       pages_->tabBar()->setTabButton(index, side, nullptr);
     page->opened = [this, &form](std::int32_t record) { openCard(form, record); };
   }
-  QObject::connect(pages_, &QTabWidget::tabCloseRequested, this, [this](int index) { closePage(index); });
+  QObject::connect(pages_, &QTabWidget::tabCloseRequested, this,
+                   telling([this](int index) { closePage(index); }));
   buildMenus();
   const int character = fontMetrics().averageCharWidth();
   resize(QSize(character * 165, fontMetrics().height() * 40).boundedTo(screen()->availableSize()));
@@ -71,7 +73,7 @@ void MainWindow::buildMenus() {
   const auto add = [this](QMenu* menu, const QString& text, const QKeySequence& keys, auto&& action) {
     QAction* made = menu->addAction(text);
     made->setShortcut(keys);
-    QObject::connect(made, &QAction::triggered, this, action);
+    QObject::connect(made, &QAction::triggered, this, telling(action));
   };
   QMenu* file = menuBar()->addMenu(QStringLiteral("Arch&ivo"));
   add(file, QStringLiteral("&Salir"), QKeySequence(Qt::CTRL | Qt::Key_Q), [this] { close(); });

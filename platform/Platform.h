@@ -69,6 +69,11 @@ class Files {
   virtual std::vector<Entry> list(TextView folder) = 0;  // without "." and ".."
 
   virtual int attributes(TextView path) = 0;
+
+  // Whether `other` reaches the plain file `path` too, by another spelling, another name of the file or a
+  // link on the way; false where `other` reaches nothing. Fails where `path` cannot be copied from: 53,
+  // 75, 76.
+  virtual bool sameFile(TextView path, TextView other) = 0;
   virtual Date modified(TextView path) = 0;
   virtual void makeDirectory(TextView path) = 0;  // one level; 75 when it is there already
 
@@ -123,6 +128,9 @@ class Shell {
   };
 
   virtual ~Shell() = default;
+
+  // Sends a plain file to the recycle bin. A folder of that name is no such file: a damaged name must not
+  // take all that lies below it along.
   virtual RecycleResult recycle(TextView path) = 0;
 
   // A picture of the program's own windows, as a bitmap file; a failure is 75.

@@ -125,7 +125,7 @@ void copyOver(const std::string& from, const std::string& to) {
   if (faccessat(AT_FDCWD, real.c_str(), W_OK, AT_EACCESS) != 0) throw failureOf(errno, fromUtf8(to));
 
   const Source source(from);
-  std::string name = real + ".XXXXXX";
+  std::string name = std::filesystem::path(real).replace_filename(".copia.XXXXXX").string();
   Descriptor target(mkostemp(name.data(), O_CLOEXEC), to);
   Unfinished unfinished(name);
   struct stat before;

@@ -58,8 +58,8 @@ Text FileSystem::firstMatch(TextView pathOrMask) {
   if (!folder || !isFolder(*folder)) return {};
   if (!split.last.empty() && isPlainFile(*folder + "/" + toUtf8(split.last))) return split.last;
   const TextView mask = split.last.empty() ? TextView(u"*") : TextView(split.last);
-  for (const DiskName& name : namesIn(*folder))
-    if (fitsMask(name.text, mask) && isPlainFile(*folder + "/" + name.bytes)) return name.text;
+  for (const DiskName& name : namesIn(*folder, [=](TextView entry) { return fitsMask(entry, mask); }))
+    if (isPlainFile(*folder + "/" + name.bytes)) return name.text;
   return {};
 }
 
@@ -72,6 +72,14 @@ std::vector<Files::Entry> FileSystem::list(TextView folder) {
 }
 
 int FileSystem::attributes(TextView path) { return attributesOf(statusOf(existing(path), path)); }
+
+bool FileSystem::sameFile(TextView path, TextView other) {
+  const std::string file = existing(path);
+  if (!isPlainFile(file)) throw failureOf(EISDIR, path);
+  const auto found = locate(other);
+  std::error_code error;
+  return found && std::filesystem::equivalent(file, *found, error);
+}
 
 Date FileSystem::modified(TextView path) { return localTime(statusOf(existing(path), path).st_mtime); }
 

@@ -11,6 +11,7 @@ class FileSystem : public Files {
   Text firstMatch(TextView pathOrMask) override;
   std::vector<Entry> list(TextView folder) override;
   int attributes(TextView path) override;
+  bool sameFile(TextView path, TextView other) override;
   Date modified(TextView path) override;
   void makeDirectory(TextView path) override;
   void copy(TextView from, TextView to, bool replace) override;

@@ -1,10 +1,13 @@
 #include "system/PathLookup.h"
 
+#include <dirent.h>
 #include <sys/stat.h>
 
 #include <algorithm>
 #include <cerrno>
-#include <filesystem>
+#include <memory>
+#include <string_view>
+#include <utility>
 
 #include "system/SystemFailure.h"
 
@@ -28,9 +31,32 @@ std::optional<std::string> entryOf(const std::string& folder, const Text& name) 
   const std::string exact = below(folder, toUtf8(name));
   if (isThere(exact)) return exact;
   if (!isFolder(folder)) return std::nullopt;
-  for (const DiskName& entry : namesIn(folder))
-    if (sameName(entry.text, name)) return below(folder, entry.bytes);
-  return std::nullopt;
+  const auto spelt = namesIn(folder, [&](TextView entry) { return sameName(entry, name); });
+  if (spelt.empty()) return std::nullopt;
+  return below(folder, spelt.front().bytes);
+}
+
+// Every entry but the folder itself and the one above it; gives the system's error, 0 for none.
+template <class Action>
+int forEachEntry(const std::string& folder, Action&& action) {
+  const std::unique_ptr<DIR, int (*)(DIR*)> stream(opendir(folder.c_str()), closedir);
+  if (!stream) return errno;
+  for (;;) {
+    errno = 0;
+    const dirent* entry = readdir(stream.get());
+    if (!entry) return errno;
+    if (const std::string_view name = entry->d_name; name != "." && name != "..") action(name);
+  }
+}
+
+std::vector<Text> componentsOf(TextView path) {
+  std::vector<Text> components;
+  for (std::size_t at = 0; at < path.size();) {
+    const std::size_t end = std::min(path.find(separator, at), path.size());
+    if (end > at) components.emplace_back(path.substr(at, end - at));
+    at = end + 1;
+  }
+  return components;
 }
 
 }  // namespace
@@ -51,17 +77,19 @@ void checkPath(TextView path) {
   if (path.find(u'\0') != TextView::npos) throw failureOf(EINVAL, path);
 }
 
+// What is spelt as on disk throughout, as nearly all is, costs one look however deep it lies.
 std::optional<std::string> locate(TextView path) {
   checkPath(path);
+  const std::vector<Text> components = componentsOf(path);
+  std::string exact = "/";
+  for (const Text& name : components) exact = below(exact, toUtf8(name));
+  if (isThere(exact)) return exact;
+
   std::string found = "/";
-  for (std::size_t at = 0; at < path.size();) {
-    const std::size_t end = std::min(path.find(separator, at), path.size());
-    if (end > at) {
-      const auto entry = entryOf(found, Text(path.substr(at, end - at)));
-      if (!entry) return std::nullopt;
-      found = *entry;
-    }
-    at = end + 1;
+  for (const Text& name : components) {
+    const auto entry = entryOf(found, name);
+    if (!entry) return std::nullopt;
+    found = *entry;
   }
   return found;
 }
@@ -96,6 +124,7 @@ SplitPath splitPath(TextView path, bool keepEnd) {
 }
 
 bool fitsMask(TextView name, TextView mask) {
+  if (mask.find_first_of(u"*?") == TextView::npos) return sameName(name, mask);
   const Text letters = lowerCase(name), pattern = lowerCase(mask);
   std::size_t at = 0, in = 0, star = Text::npos, retry = 0;
   while (at < letters.size()) {
@@ -115,16 +144,13 @@ bool fitsMask(TextView name, TextView mask) {
   return pattern.find_first_not_of(u'*', in) == Text::npos;
 }
 
-std::vector<DiskName> namesIn(const std::string& folder) {
+std::vector<DiskName> namesIn(const std::string& folder, const std::function<bool(TextView)>& wanted) {
   std::vector<DiskName> names;
-  std::error_code error;
-  std::filesystem::directory_iterator entry(folder, error), end;
-  while (!error && entry != end) {
-    const std::string bytes = entry->path().filename().string();
-    names.push_back({bytes, fromUtf8(bytes)});
-    entry.increment(error);
-  }
-  if (error) throw failureOf(error.value() == ENOENT ? ENOTDIR : error.value(), fromUtf8(folder));
+  const int error = forEachEntry(folder, [&](std::string_view bytes) {
+    if (Text text = fromUtf8(bytes); !wanted || wanted(text))
+      names.push_back({std::string(bytes), std::move(text)});
+  });
+  if (error) throw failureOf(error == ENOENT ? ENOTDIR : error, fromUtf8(folder));
   std::sort(names.begin(), names.end(), [](const DiskName& a, const DiskName& b) {
     if (NameLess{}(a.text, b.text)) return true;
     return !NameLess{}(b.text, a.text) && a.bytes < b.bytes;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -43,12 +44,13 @@ SplitPath splitPath(TextView path, bool keepEnd = false);
 // themselves.
 bool fitsMask(TextView name, TextView mask);
 
-// Names of a folder's entries, as the disk has them, in the order of their names without regard to case. 76
-// when it is no folder, 70 when it may not be read.
+// Names of a folder's entries, all or those wanted, as the disk has them, in the order of their names without
+// regard to case. 76 when it is no folder, 70 when it may not be read.
 struct DiskName {
   std::string bytes;
   Text text;
 };
-std::vector<DiskName> namesIn(const std::string& folder);
+std::vector<DiskName> namesIn(const std::string& folder,
+                              const std::function<bool(TextView name)>& wanted = {});
 
 }  // namespace ovalia::system

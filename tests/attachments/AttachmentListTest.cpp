@@ -284,6 +284,15 @@ TEST_F(AttachmentList, opens_at_the_stored_width) {
   EXPECT_EQ(here.settings.stored(u"Agencia", u"frmNota", u"DocsWidth"), u"3100");
 }
 
+TEST_F(AttachmentList, opens_at_the_width_to_which_the_pane_was_dragged_on_a_card_of_the_first_size) {
+  attached(u"120F00.doc", u"plano.doc");
+  for (int opening = 1; opening <= 2; ++opening)
+    openCard([&] {
+      if (opening == 1) user.dragsPane(7000);
+      EXPECT_EQ(splitter().PaneWidth(), 7000);
+    });
+}
+
 TEST_F(AttachmentList, opens_at_2200_where_an_empty_width_is_stored) {
   here.settings.put(u"Agencia", u"frmNota", u"DocsWidth", u"");
   attached(u"120F00.doc", u"plano.doc");
@@ -297,8 +306,8 @@ TEST_F(AttachmentList, what_the_pane_really_took_is_remembered) {
   here.settings.put(u"Agencia", u"frmNota", u"DocsWidth", u"99999");
   attached(u"120F00.doc", u"plano.doc");
   openCard([&] {
-    EXPECT_EQ(splitter().PaneWidth(), 6375) << "as wide as both panes together at that moment";
-    EXPECT_EQ(tag(u"splitDocumentos"), u"6375");
+    EXPECT_EQ(splitter().PaneWidth(), 7880) << "as wide as both panes together";
+    EXPECT_EQ(tag(u"splitDocumentos"), u"7880");
   });
 }
 

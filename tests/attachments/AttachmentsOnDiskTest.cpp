@@ -1,13 +1,16 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <cerrno>
 #include <filesystem>
+#include <fstream>
+#include <thread>
 
 #include "attachments/AddingAttachments.h"
 #include "attachments/StoredNames.h"
-#include "routines/ModuleValues.h"
-#include "tests/cardkit/Attachments.h"
-#include "tests/system/FileFixture.h"
+#include "tests/attachments/OnDisk.h"
+#include "tests/system/SyncWatch.h"
 
 namespace ovalia {
 namespace {
@@ -18,53 +21,14 @@ using system::test::OrdinaryUser;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-// The files of the disk. The log alone goes to the files in memory, where the test finds what was reported.
-class DiskFiles : public system::FileSystem {
- public:
-  explicit DiskFiles(Files& log) : log_(log) {}
-  void append(TextView path, TextView text) override { log_.append(path, text); }
-  void copy(TextView from, TextView to, bool replace) override {
-    if (beforeCopy) beforeCopy();
-    FileSystem::copy(from, to, replace);
-  }
-  std::function<void()> beforeCopy;
-
- private:
-  Files& log_;
-};
-
-// Attachments of record 120 in "Agencia" of a temporary folder, with sources beside it.
-class OnDisk : public kit::AttachmentsTest {
+// Files of any kind and in any trouble are added.
+class AddingOnDisk : public OnDisk {
  protected:
-  void SetUp() override {
-    AttachmentsTest::SetUp();
-    moduleValues().ErrLogPath = here.files.temporary + u"ErrLog.txt";
-    here.platform.files = &disk;
-    nota.AppDirUser = fromUtf8(tree.path().string()) + u"/Agencia";
-    tree.putFolder("Agencia");
-  }
-  void TearDown() override {
-    here.platform.files = &here.files;
-    AttachmentsTest::TearDown();
-  }
-
   void add(TextView name) { AdjuntarFichero(instance, tree.logic(name), 120, true); }
   Text reporter(TextView name) { return u"AdjuntarFichero de CNota, ruta:" + tree.logic(name); }
-
-  std::vector<std::string> storedFiles() const {
-    std::vector<std::string> names;
-    for (const auto& entry : fs::recursive_directory_iterator(tree.path() / "Agencia"))
-      if (!entry.is_directory()) names.push_back(entry.path().filename().string());
-    std::ranges::sort(names);
-    return names;
-  }
-  std::string leafOf(std::string_view name) const { return "Agencia/Doc1/Doc2/Doc0/" + std::string(name); }
-
-  kit::TemporaryFolder tree;
-  DiskFiles disk{here.files};
 };
 
-TEST_F(OnDisk, a_copy_is_complete_before_its_row_is_written) {
+TEST_F(AddingOnDisk, a_copy_is_complete_before_its_row_is_written) {
   std::string content;
   for (int i = 0; i < 1'500'000; ++i) content += char(i * 31);
   tree.putFile("plano.pdf", content);
@@ -80,7 +44,80 @@ TEST_F(OnDisk, a_copy_is_complete_before_its_row_is_written) {
   EXPECT_EQ(tree.content("plano.pdf"), content);
 }
 
-TEST_F(OnDisk, names_of_any_kind_are_taken) {
+TEST_F(AddingOnDisk, a_copy_its_name_and_its_folders_are_brought_to_disk_before_its_row_is_written) {
+  tree.putFile("plano.pdf", "el plano");
+  system::test::SyncWatch watch(tree.path());
+  std::vector<std::string> brought;
+  database->onExecute = [&, before = database->onExecute](TextView sql) {
+    brought = watch.brought;
+    return before(sql);
+  };
+  add(u"plano.pdf");
+  EXPECT_THAT(brought, ElementsAre("Agencia", "Agencia/Doc1", "Agencia/Doc1/Doc2", leafOf("120F00.pdf"),
+                                   "Agencia/Doc1/Doc2/Doc0"));
+}
+
+TEST_F(AddingOnDisk, a_copy_that_cannot_be_brought_to_disk_leaves_neither_file_nor_row) {
+  tree.putFile("plano.pdf", "el plano");
+  tree.putFolder("Agencia/Doc1/Doc2/Doc0");
+  struct {
+    int error;
+    std::int32_t number;
+  } const troubles[] = {{ENOSPC, failure::diskFull}, {EIO, failure::pathFileAccess}};
+  for (const auto& trouble : troubles) {
+    system::test::SyncWatch watch(tree.path());
+    watch.failing = trouble.error;
+    expectReport(reporter(u"plano.pdf"), trouble.number);
+    add(u"plano.pdf");
+    EXPECT_THAT(storedFiles(), IsEmpty());
+    EXPECT_THAT(rows(), IsEmpty());
+    EXPECT_EQ(counter(), 0);
+  }
+}
+
+// It is copied as far as it had come; what is written meanwhile may be in it or not.
+TEST_F(AddingOnDisk, a_source_that_grows_while_it_is_copied_is_a_copy_of_its_beginning) {
+  const std::string begun(2'000'000, 'x');
+  constexpr int mostChunks = 100;
+  tree.putFile("registro.txt", begun);
+  std::atomic<bool> grows = false, done = false;
+  std::thread other([&] {
+    std::ofstream file(tree.path() / "registro.txt", std::ios::app | std::ios::binary);
+    for (int i = 0; i < mostChunks && !done; ++i) {
+      file << std::string(16 * 1024, 'y') << std::flush;
+      grows = true;
+    }
+  });
+  while (!grows) std::this_thread::yield();
+  add(u"registro.txt");
+  done = true;
+  other.join();
+  ASSERT_EQ(rows().size(), 1u);
+  const std::string copy = tree.content(leafOf("120F00.txt"));
+  EXPECT_TRUE(copy.starts_with(begun));
+  EXPECT_TRUE(tree.content("registro.txt").starts_with(copy));
+}
+
+TEST_F(AddingOnDisk, a_source_that_another_program_holds_open_is_copied) {
+  tree.putFile("plano.pdf", "el plano");
+  std::fstream holder(tree.path() / "plano.pdf");
+  add(u"plano.pdf");
+  EXPECT_EQ(tree.content(leafOf("120F00.pdf")), "el plano");
+  holder << "otro";
+  holder.close();
+  EXPECT_EQ(tree.content(leafOf("120F00.pdf")), "el plano") << "a copy of its own";
+}
+
+TEST_F(AddingOnDisk, of_sources_that_differ_in_case_only_the_one_named_is_taken) {
+  tree.putFile("PLANO.pdf", "grande");
+  tree.putFile("plano.pdf", "pequeño");
+  add(u"plano.pdf");
+  add(u"PLANO.pdf");
+  EXPECT_EQ(tree.content(leafOf("120F00.pdf")), "pequeño");
+  EXPECT_EQ(tree.content(leafOf("120F01.pdf")), "grande");
+}
+
+TEST_F(AddingOnDisk, names_of_any_kind_are_taken) {
   const std::string names[] = {"con blanco.pdf",
                                " .pdf",
                                "árbol ñandú.pdf",
@@ -90,7 +127,9 @@ TEST_F(OnDisk, names_of_any_kind_are_taken) {
                                std::string(196, 'n') + ".pdf",
                                "l'Hospitalet.pdf",
                                "-rf.pdf",
-                               "a*b?.pdf"};
+                               "a*b?.pdf",
+                               "Pe\xF1"
+                               "a.pdf"};
   for (const std::string& name : names) {
     tree.putFile(name, name);
     documents->rows.clear();
@@ -102,7 +141,7 @@ TEST_F(OnDisk, names_of_any_kind_are_taken) {
   EXPECT_EQ(storedFiles().size(), std::size(names)) << "each is a file of its own";
 }
 
-TEST_F(OnDisk, a_full_disk_leaves_no_half_file) {
+TEST_F(AddingOnDisk, a_full_disk_leaves_no_half_file) {
   tree.putFile("grande.pdf", std::string(1'000'000, 'x'));
   expectReport(reporter(u"grande.pdf"), failure::diskFull);
   {
@@ -116,7 +155,7 @@ TEST_F(OnDisk, a_full_disk_leaves_no_half_file) {
   EXPECT_THAT(storedFiles(), ElementsAre("120F00.pdf")) << "once there is room it goes in by the same name";
 }
 
-TEST_F(OnDisk, a_folder_that_is_read_only_refuses) {
+TEST_F(AddingOnDisk, a_folder_that_is_read_only_refuses) {
   tree.putFile("plano.pdf");
   tree.putFolder("Agencia/Doc1/Doc2/Doc0");
   fs::permissions(tree.path(), fs::perms::all);
@@ -130,7 +169,7 @@ TEST_F(OnDisk, a_folder_that_is_read_only_refuses) {
   EXPECT_THAT(rows(), IsEmpty());
 }
 
-TEST_F(OnDisk, a_data_folder_that_is_read_only_takes_no_new_level) {
+TEST_F(AddingOnDisk, a_data_folder_that_is_read_only_takes_no_new_level) {
   tree.putFile("plano.pdf");
   fs::permissions(tree.path(), fs::perms::all);
   fs::permissions(tree.path() / "Agencia", fs::perms(0555));
@@ -145,7 +184,7 @@ TEST_F(OnDisk, a_data_folder_that_is_read_only_takes_no_new_level) {
   EXPECT_THAT(rows(), IsEmpty());
 }
 
-TEST_F(OnDisk, a_source_that_may_not_be_read_leaves_nothing) {
+TEST_F(AddingOnDisk, a_source_that_may_not_be_read_leaves_nothing) {
   tree.putFile("secreto.pdf", "x");
   fs::permissions(tree.path(), fs::perms::all);
   fs::permissions(tree.path() / "Agencia", fs::perms::all);
@@ -159,24 +198,24 @@ TEST_F(OnDisk, a_source_that_may_not_be_read_leaves_nothing) {
   EXPECT_THAT(rows(), IsEmpty());
 }
 
-TEST_F(OnDisk, a_source_that_vanishes_leaves_nothing) {
+TEST_F(AddingOnDisk, a_source_that_vanishes_leaves_nothing) {
   tree.putFile("plano.pdf");
-  disk.beforeCopy = [&] { fs::remove(tree.path() / "plano.pdf"); };
+  disk.files.beforeCopy = [&] { fs::remove(tree.path() / "plano.pdf"); };
   expectReport(reporter(u"plano.pdf"), failure::fileNotFound);
   add(u"plano.pdf");
   EXPECT_THAT(storedFiles(), IsEmpty());
 }
 
-TEST_F(OnDisk, another_users_file_of_the_same_name_is_never_replaced) {
+TEST_F(AddingOnDisk, another_users_file_of_the_same_name_is_never_replaced) {
   tree.putFile("plano.pdf", "el mío");
-  disk.beforeCopy = [&] { tree.putFile(leafOf("120F00.pdf"), "el suyo"); };
+  disk.files.beforeCopy = [&] { tree.putFile(leafOf("120F00.pdf"), "el suyo"); };
   expectReport(reporter(u"plano.pdf"), failure::fileAlreadyExists);
   add(u"plano.pdf");
   EXPECT_EQ(tree.content(leafOf("120F00.pdf")), "el suyo");
   EXPECT_THAT(rows(), IsEmpty());
 }
 
-TEST_F(OnDisk, a_name_that_differs_in_case_only_is_taken) {
+TEST_F(AddingOnDisk, a_name_that_differs_in_case_only_is_taken) {
   tree.putFile("plano.pdf", "el mío");
   tree.putFile(leafOf("120f00.PDF"), "el suyo");
   add(u"plano.pdf");
@@ -184,7 +223,7 @@ TEST_F(OnDisk, a_name_that_differs_in_case_only_is_taken) {
   EXPECT_EQ(tree.content(leafOf("120f00.PDF")), "el suyo");
 }
 
-TEST_F(OnDisk, a_folder_in_the_place_of_the_file_is_left_alone) {
+TEST_F(AddingOnDisk, a_folder_in_the_place_of_the_file_is_left_alone) {
   tree.putFile("plano.pdf");
   tree.putFile(leafOf("120F00.pdf/dentro.txt"), "x");
   expectReport(reporter(u"plano.pdf"), failure::pathFileAccess);
@@ -193,7 +232,7 @@ TEST_F(OnDisk, a_folder_in_the_place_of_the_file_is_left_alone) {
   EXPECT_THAT(rows(), IsEmpty());
 }
 
-TEST_F(OnDisk, levels_spelt_otherwise_are_used_as_they_are) {
+TEST_F(AddingOnDisk, levels_spelt_otherwise_are_used_as_they_are) {
   tree.putFolder("Agencia/DOC1/doc2");
   tree.putFile("plano.pdf", "x");
   add(u"plano.pdf");
@@ -201,7 +240,7 @@ TEST_F(OnDisk, levels_spelt_otherwise_are_used_as_they_are) {
   EXPECT_FALSE(tree.has("Agencia/Doc1"));
 }
 
-TEST_F(OnDisk, ten_thousand_numbers_in_a_folder_are_stepped_over) {
+TEST_F(AddingOnDisk, ten_thousand_numbers_in_a_folder_are_stepped_over) {
   for (int i = 0; i < 10'000; ++i)
     tree.putFile(leafOf(toUtf8(storedName(120, static_cast<std::int16_t>(i), u".pdf"))));
   tree.putFile("plano.pdf", "x");
@@ -211,7 +250,7 @@ TEST_F(OnDisk, ten_thousand_numbers_in_a_folder_are_stepped_over) {
 }
 
 // A table that somebody has damaged, and files that its names would lead to.
-TEST_F(OnDisk, damaged_names_in_the_table_lead_nowhere) {
+TEST_F(AddingOnDisk, damaged_names_in_the_table_lead_nowhere) {
   tree.putFile("agenciaF7.doc", "la base de datos");
   tree.putFile("plano.pdf", "x");
   for (const TextView name : {u"..\\..\\..\\..\\agenciaF7.doc", u"../../../../agenciaF7.doc", u"..", u""}) {

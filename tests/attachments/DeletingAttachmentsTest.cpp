@@ -50,6 +50,23 @@ TEST_F(DeletingAttachments, declined_touches_nothing) {
   expectNothingTouched();
 }
 
+// The list is filled again whatever was answered.
+TEST_F(DeletingAttachments, declined_shows_what_others_have_done_to_the_documents_meanwhile) {
+  onCard([&] {
+    user.clicksItem(1);
+    user.opensMenu(u"ID_mnuDocumentos");
+    expectQuestion(no).whileUp([&] { documents->add({9, 120, 1, 501, u"suyo.pdf", u"120F02.pdf"}); });
+    user.clicks(u"ID_Quitar");
+    EXPECT_THAT(shown(), ElementsAre(name, u"120F01.pdf", u"120F02.pdf"));
+    form().Hide();
+    documents->vanish(2);
+    expectQuestion(no);
+    EXPECT_FALSE(remove(name, true));
+    EXPECT_THAT(shown(), testing::SizeIs(3)) << "a card that nobody sees is not";
+  });
+  expectNothingTouched();
+}
+
 TEST_F(DeletingAttachments, is_what_the_tool_does_after_asking) {
   onCard([&] {
     user.clicksItem(2);
@@ -175,6 +192,21 @@ TEST_F(DeletingAttachments, a_name_out_of_a_damaged_table_never_leads_outside_an
   }
   EXPECT_EQ(here.files.content(u"\\secreto.doc"), u"secreto");
   EXPECT_EQ(here.files.content(u"\\Datos\\Agencia\\Doc1\\120F07.pdf"), u"de otra ficha");
+}
+
+// The documents of other records lie in folders below this one.
+TEST_F(DeletingAttachments, a_name_that_is_a_folder_never_takes_what_lies_in_it_along) {
+  const Text other = leaf + u"Doc0\\1200F00.pdf";
+  here.files.putFile(other, u"de otra ficha");
+  documents->rows.clear();
+  documents->add({1, 120, 1, 501, u"plano.pdf", u"Doc0"});
+  list->at(0, u"NArchivos") = 1;
+  onCard([&] {
+    expectBox(u"Error devuelto: 2, 2");
+    EXPECT_TRUE(remove(u"Doc0"));
+  });
+  EXPECT_EQ(here.files.content(other), u"de otra ficha");
+  EXPECT_THAT(rows(), IsEmpty());
 }
 
 TEST_F(DeletingAttachments, a_folder_that_cannot_be_reached_is_reported_and_nothing_is_touched) {

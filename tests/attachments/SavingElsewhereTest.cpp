@@ -21,14 +21,6 @@ class SavingElsewhere : public kit::AttachmentsTest {
     here.files.putFolder(u"\\home\\ana");
   }
 
-  // The dialog answers with that path; "" is what it answers with nothing chosen.
-  void userSavesAs(Text fileName) {
-    host.dlgfrmbase->answering(u"ShowSave", [this, fileName = std::move(fileName)](Arguments) -> Variant {
-      host.dlgfrmbase->with(u"fileName", fileName);
-      return {};
-    });
-  }
-
   // Saves the one attachment of the card.
   void save() {
     openCard([&] {
@@ -300,6 +292,16 @@ TEST_F(SavingElsewhere, a_name_out_of_a_damaged_table_is_refused_and_replaces_no
     EXPECT_EQ(here.files.content(target), u"lo de antes");
     EXPECT_THAT(here.shell.recycled, IsEmpty());
   }
+}
+
+TEST_F(SavingElsewhere, a_name_that_is_a_folder_is_refused_and_replaces_nothing) {
+  here.files.putFile(leaf + u"Doc0\\1200F00.pdf", u"de otra ficha");
+  here.files.putFile(target, u"lo de antes");
+  userSavesAs(target);
+  expectReport(u"GuardarComo de CNota", failure::pathFileAccess);
+  saveStoredAs(u"Doc0");
+  EXPECT_EQ(here.files.content(target), u"lo de antes");
+  EXPECT_THAT(here.shell.recycled, IsEmpty());
 }
 
 TEST_F(SavingElsewhere, a_folder_that_cannot_be_made_is_reported_and_replaces_nothing) {

@@ -33,8 +33,11 @@ std::vector<Text> AttachmentsTest::rows(TextView table) const {
   return lines;
 }
 
-void AttachmentsTest::userChooses(Text fileName) {
-  host.dlgfrmbase->answering(u"ShowOpen", [this, fileName = std::move(fileName)](Arguments) -> Variant {
+void AttachmentsTest::userChooses(Text fileName) { dialogAnswers(u"ShowOpen", std::move(fileName)); }
+void AttachmentsTest::userSavesAs(Text fileName) { dialogAnswers(u"ShowSave", std::move(fileName)); }
+
+void AttachmentsTest::dialogAnswers(TextView method, Text fileName) {
+  host.dlgfrmbase->answering(method, [this, fileName = std::move(fileName)](Arguments) -> Variant {
     host.dlgfrmbase->with(u"fileName", fileName);
     return {};
   });

@@ -29,13 +29,18 @@ class AttachmentsTest : public CardTest {
   // The counter in the list's row (from 1).
   std::int32_t counter(int row = 1) const { return stored(u"NArchivos", row).toLong(); }
 
-  // What the dialog of the main form answers: the chosen paths in its own way, or a failure.
+  // What the dialog of the main form answers: the chosen paths in its own way, or a failure; the path to save
+  // as, "" where nothing was chosen.
   void userChooses(Text fileName);
+  void userSavesAs(Text fileName);
   void dialogFails(std::int32_t number);
 
   const Text agencyFolder = u"\\Datos\\Agencia";
   const Text leaf = agencyFolder + u"\\Doc1\\Doc2\\Doc0\\";  // of record 120
   FakeTableRef documents;                                    // DocuNotaIP
+
+ private:
+  void dialogAnswers(TextView method, Text fileName);
 };
 
 }  // namespace ovalia::kit

@@ -5,6 +5,7 @@
 
 #include <ostream>
 
+#include "cards/Saving.h"
 #include "tests/cards/DocumentedNotes.h"
 
 namespace ovalia {
@@ -407,6 +408,24 @@ TEST_F(Deletion, a_declined_new_annotation_with_attachments_is_asked_about_all_t
     Borrar(instance, false, u"");
     EXPECT_EQ(state(), nueva);
     expectRemaining({501, 502, 503});
+  });
+}
+
+TEST_F(Deletion, undoing_a_new_annotation_with_attachments_asks_about_them_too) {
+  documented({0, 2, 0});
+  open(2, [&] {
+    instance.EstadoFicha = nueva;
+    expectSeveralQuestion(no);
+    expectBox(u"La ficha no ha podido ser borrada.", 48);
+    DeshacerCambios(instance);
+    EXPECT_EQ(state(), nueva);
+    expectRemaining({501, 502, 503});
+    EXPECT_THAT(attachmentsOf(502), testing::SizeIs(2));
+    expectSeveralQuestion(yes);
+    DeshacerCambios(instance);
+    expectRemaining({501, 503});
+    EXPECT_THAT(attachmentsOf(502), IsEmpty());
+    expectShown(503);
   });
 }
 

@@ -132,6 +132,23 @@ TEST_F(Fill, an_empty_list_leaves_state_3_with_the_keys_on_and_the_mark_gone) {
   });
 }
 
+TEST_F(Fill, an_empty_list_blanks_the_card_and_leaves_the_tools_as_they_were) {
+  for (const TextView tipo : {u"Nota", u"Anuncio"}) {
+    givenList(tipo, {{}, {}});
+    openCard([&] {
+      list->rows.clear();
+      nota.crs->Requery();
+      desk.tools.clear();
+      RefrescoFicha(instance, u"Guardar");
+      EXPECT_EQ(card(u"txtNotas"), u"");
+      EXPECT_EQ(card(u"lblActualizacion"), u"");
+      EXPECT_EQ(card(u"dtpFechaAlta"), u"09/03/26");
+      EXPECT_TRUE(desk.tools.empty()) << "the moves are still those of two";
+      EXPECT_TRUE(enabled(u"ID_Siguiente"));
+    });
+  }
+}
+
 TEST_F(Fill, a_list_behind_its_last_row_counts_as_empty) {
   givenList(u"Nota", {{}});
   nota.crs->MoveNext();

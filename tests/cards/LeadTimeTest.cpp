@@ -48,6 +48,11 @@ TEST_F(LeadTime, reads_back_every_entry_of_the_list_but_nothing_and_two_days) {
   EXPECT_EQ(MuestraTiempo(Tiempo(u"2 días")), u"");
 }
 
+TEST_F(LeadTime, of_a_duration_beyond_all_dates_is_reported_and_nothing) {
+  expectReport(u"MuestraTiempo de CNota", failure::overflow);
+  EXPECT_EQ(MuestraTiempo(Date{3'000'000}), u"");
+}
+
 class TimesOfDay : public LeadTime {
  protected:
   std::vector<Text> filled(std::int16_t step) {

@@ -100,6 +100,19 @@ TEST_F(MovingAnnotations, new_names_count_on_from_the_new_parents_own_and_replac
   EXPECT_EQ(here.files.content(newLeaf + u"4073F08.pdf"), u"el plano");
 }
 
+TEST_F(MovingAnnotations, a_new_name_that_appears_at_the_last_moment_replaces_no_file_and_ends_it) {
+  document(501, u"120F00.pdf", u"el plano");
+  here.faults.onNext("Files.copy", [&] { here.files.putFile(newLeaf + u"4073F00.pdf", u"de otro"); });
+  expectReport(u"TrasladaNotas de CNota", failure::fileAlreadyExists);
+  move();
+  EXPECT_EQ(here.files.content(newLeaf + u"4073F00.pdf"), u"de otro");
+  EXPECT_EQ(here.files.content(leaf + u"120F00.pdf"), u"el plano");
+  EXPECT_THAT(rows(), ElementsAre(u"1: 120 1 501 plano < 120F00.pdf"));
+  EXPECT_FALSE(moved(501));
+  move();
+  EXPECT_EQ(here.files.content(newLeaf + u"4073F01.pdf"), u"el plano") << "the next try steps over it";
+}
+
 TEST_F(MovingAnnotations, an_extension_that_is_none_becomes_doc) {
   document(501, u"120F00", u"el plano");
   move();
@@ -198,6 +211,18 @@ TEST_F(MovingAnnotations, a_name_out_of_a_damaged_table_never_leads_outside) {
   EXPECT_EQ(here.files.content(u"\\secreto.doc"), u"secreto");
   EXPECT_EQ(here.files.content(agencyFolder + u"\\Doc1\\120F00.pdf"), u"de otra ficha");
   EXPECT_THAT(tree(), SizeIs(1));
+}
+
+// The documents of other records lie in folders below this one.
+TEST_F(MovingAnnotations, a_name_that_is_a_folder_never_takes_what_lies_in_it_along) {
+  here.files.putFile(leaf + u"Doc0\\1200F00.pdf", u"de otra ficha");
+  document(501, u"120F00.pdf", Null);
+  documents->at(0, u"NombreArch") = u"Doc0";
+  expectMissing();
+  expectNotCopied(u"Doc0");
+  move();
+  EXPECT_EQ(here.files.content(leaf + u"Doc0\\1200F00.pdf"), u"de otra ficha");
+  EXPECT_THAT(here.shell.recycled, IsEmpty());
 }
 
 TEST_F(MovingAnnotations, a_copy_that_is_not_there_afterwards_is_told_and_the_rest_goes_on) {

@@ -173,6 +173,12 @@ constexpr Missing missing[] = {
 
 INSTANTIATE_TEST_SUITE_P(MovingAnnotations, MissingMember, testing::ValuesIn(missing));
 
+TEST_F(MovingAnnotations, the_attachments_are_read_before_the_host_is_asked_for_their_parent) {
+  host.vClase().failing(u"NumFicha", failure::noSuchMember);
+  rowsFail(*this);
+  move();
+}
+
 TEST_F(MovingAnnotations, a_cell_that_is_no_number_is_reported) {
   grid->answering(u"Columns", [](Arguments) -> Variant {
     auto column = std::make_shared<kit::FakeObject>();

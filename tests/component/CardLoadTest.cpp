@@ -127,6 +127,14 @@ TEST_F(CardLoad, leaves_the_keys_off_until_a_record_is_shown) {
   EXPECT_FALSE(keys);
 }
 
+TEST_F(CardLoad, turns_the_keys_off_wherever_they_stood) {
+  openCard(u"Nota", {}, [&] {
+    ASSERT_TRUE(form().KeyPreview());
+    dNota_Load(instance);
+    EXPECT_FALSE(form().KeyPreview());
+  });
+}
+
 TEST_F(CardLoad, does_not_touch_the_state) {
   openCard(u"Nota", {});
   instance.EstadoFicha = nueva;
@@ -151,6 +159,14 @@ TEST_F(CardLoad, puts_the_window_where_it_was) {
     EXPECT_EQ(form().WindowState(), 2);
     EXPECT_EQ(control(u"cboUsuario").Left(), 5040 + 9000 - 6795);
   });
+}
+
+TEST_F(CardLoad, lays_the_card_out_for_its_first_size_before_a_record_is_shown) {
+  openCard(u"Nota", {});
+  double width = 0;
+  form().Load.connect([&] { width = control(u"splitDocumentos").Width(); });
+  openCard(u"Nota", {}, [&] { EXPECT_EQ(form().Width(), 8250); });
+  EXPECT_EQ(width, 6375 + 8250 - 6745);
 }
 
 TEST_F(CardLoad, recalls_the_pane_width_without_applying_it) {

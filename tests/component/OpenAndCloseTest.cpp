@@ -212,6 +212,21 @@ TEST_F(OpenAndClose, a_place_that_cannot_be_stored_does_not_keep_the_width_from_
   EXPECT_EQ(here.settings.saved, Names{u"frmNota|DocsWidth=2200"});
 }
 
+TEST_F(OpenAndClose, a_new_or_changed_card_with_a_value_that_is_refused_stays_without_the_save_question) {
+  for (const std::int32_t unsaved : {nueva, modificada})
+    openCard(u"Anuncio", {}, [&] {
+      here.settings.saved.clear();
+      user.types(u"txtNDias", u"300");
+      instance.EstadoFicha = unsaved;
+      expectBox(u"Introduzca un número entre 0 y 255.", 48, u"Error");
+      EXPECT_FALSE(user.closes());
+      EXPECT_TRUE(form().Visible());
+      EXPECT_EQ(state(), unsaved);
+      EXPECT_TRUE(here.settings.saved.empty());
+      instance.EstadoFicha = limpia;
+    });
+}
+
 TEST_F(OpenAndClose, a_closing_that_was_refused_before_stores_nothing) {
   givenList(u"Nota");
   bool cancel = true;
@@ -307,6 +322,43 @@ TEST_F(Ending, stores_nothing_of_a_card_that_was_unloaded_before) {
   here.settings.saved.clear();
   Class_Terminate(instance);
   EXPECT_TRUE(here.settings.saved.empty());
+}
+
+// A window that does not let itself be taken down.
+class StuckView : public forms::FormView {
+ public:
+  explicit StuckView(const bool& stuck) : stuck_(stuck) {}
+  void show() override {}
+  void runModal() override {}
+  void hide() override {
+    if (stuck_) throw Failure(failure::internalError);
+  }
+  void activate() override {}
+  void formChanged(forms::FormProperty) override {}
+  void controlChanged(forms::Control&, forms::Property) override {}
+  void toolChanged(forms::ActiveToolBars&, TextView) override {}
+  void focusChanged() override {}
+  void popupMenu(forms::ActiveToolBars&, TextView, const std::optional<forms::Point>&) override {}
+
+ private:
+  const bool& stuck_;
+};
+
+TEST_F(Ending, stops_at_a_window_that_cannot_be_taken_down) {
+  bool stuck = false;
+  forms::Runtime::current().setViewFactory([&](forms::Form&) { return std::make_shared<StuckView>(stuck); });
+  for (const TextView tipo : {u"Nota", u"Visita"}) {
+    givenList(tipo);
+    AbreNota(instance);
+  }
+  stuck = true;
+  expectReport(u"Class_Terminate de CNota", failure::internalError);
+  Class_Terminate(instance);
+  EXPECT_TRUE(instance.dlgVisita->loaded()) << "the steps behind it are undone";
+  EXPECT_TRUE(instance.dNota);
+  stuck = false;
+  Class_Terminate(instance);
+  EXPECT_FALSE(instance.dlgNota || instance.dlgVisita || instance.dNota);
 }
 
 TEST_F(Ending, lets_go_of_a_card_that_refuses) {

@@ -66,15 +66,21 @@ TEST_F(Surface, works_the_same_whatever_the_hosts_own_type_holds) {
 
 TEST_F(Surface, writes_no_property_but_the_leave_to_create) {
   givenList(u"Visita");
+  nota.TipoNota = u"Propia";
   const NotaSurface before = nota;
   nota.AbreNota();
   EXPECT_EQ(nota.DosComerciales, before.DosComerciales);
   EXPECT_EQ(nota.cApp, before.cApp);
   EXPECT_EQ(nota.frmBase, before.frmBase);
   EXPECT_EQ(nota.crs, before.crs);
-  EXPECT_EQ(nota.Cabecera, before.Cabecera);
-  EXPECT_EQ(nota.Tipo, before.Tipo);
-  EXPECT_EQ(nota.IdAnota, before.IdAnota);
+  for (Text NotaSurface::*const text :
+       {&NotaSurface::AppDirUser, &NotaSurface::cUsuario, &NotaSurface::Cabecera, &NotaSurface::Tipo,
+        &NotaSurface::Nota, &NotaSurface::IdPr, &NotaSurface::TipoNota, &NotaSurface::TipoAccNota,
+        &NotaSurface::DocuAsoc})
+    EXPECT_EQ(nota.*text, before.*text);
+  for (std::int32_t NotaSurface::*const number :
+       {&NotaSurface::IdAgencia, &NotaSurface::NAgencia, &NotaSurface::IdAnota})
+    EXPECT_EQ(nota.*number, before.*number);
   EXPECT_EQ(nota.bPermitirCreacion, before.bPermitirCreacion);
 }
 

@@ -274,6 +274,14 @@ TEST_F(DesktopFiles, a_missing_file_gives_the_systems_number_for_it) {
   EXPECT_EQ(here.platform().shell->recycle(u"").code, 2);
 }
 
+TEST_F(DesktopFiles, a_folder_does_not_go_to_the_trash_with_all_that_lies_in_it) {
+  ASSERT_TRUE(QDir(folder.path()).mkdir("Doc0"));
+  write("Doc0/b.doc");
+  const auto result = here.platform().shell->recycle(logicPath(fromQt(folder.filePath("Doc0"))));
+  EXPECT_EQ(result.code, 2);
+  EXPECT_TRUE(QFile::exists(folder.filePath("Doc0/b.doc")));
+}
+
 TEST_F(DesktopFiles, where_there_is_no_trash_the_file_stays) {
   // The file lies on the file system of /proc, which takes no trash.
   const auto result = here.platform().shell->recycle(u"\\proc\\self\\comm");

@@ -58,6 +58,18 @@ TEST_F(ReportNames, of_a_layout_that_fails) {
   }
 }
 
+TEST_F(ReportNames, of_a_layout_that_finds_no_line_of_its_index) {
+  static constexpr ResizeRow missing[] = {{u"fralinea1", MovedProperty::Width, 6375, 3}};
+  for (const Reported& row : reportNames()) {
+    FormDesign design = row.design();
+    design.resizes = missing;
+    Runtime::current().setViewFactory({});
+    const auto card = made(design);
+    expectReport(row.resize, failure::noSuchControl);
+    card->setWidth(9000);
+  }
+}
+
 TEST_F(ReportNames, of_a_tool_with_a_position_that_fails) {
   for (const Reported& row : reportNames()) {
     const auto card = made(row.design());

@@ -21,7 +21,7 @@ using deskkit::types;
 namespace {
 
 constexpr TextView changedNote = u"¿Desea guardar los cambios realizados en la nota?";
-constexpr int yesNoCancelQuestion = 35;
+constexpr int yesNoCancelQuestion = 35, yesNoQuestion = 36;
 constexpr int cancel = 2, yes = 6, no = 7;
 
 void turn() { press(Qt::Key_F6); }
@@ -189,6 +189,54 @@ TEST_F(SearchOverCard, a_new_note_is_written_under_the_dialog_and_found_by_it) {
     EXPECT_EQ(shown(u"txtAsunto"), "Señal recibida");
   });
   EXPECT_EQ(notes->list().count(), 3);
+}
+
+TEST_F(SearchOverCard, deleting_the_only_note_closes_card_and_search_and_the_next_search_starts_clear) {
+  searching({u"Llaves"}, [&] {
+    find("llaves");
+    EXPECT_EQ(told(), "La ficha muestra una coincidencia.");
+    turn();
+    asked(u"¿Desea borrar la ficha activa?", yesNoQuestion, u"Borrar", yes, [] { letters("S"); });
+    letters("FB");
+    EXPECT_FALSE(dialog->isVisible());
+    EXPECT_FALSE(card().Visible());
+  });
+  EXPECT_EQ(notes->list().count(), 0);
+  EXPECT_EQ(notes->grid().model()->rowCount(), 0);
+  EXPECT_EQ(one(u"SELECT COUNT(*) FROM NotaIP WHERE IdNota = " + toText(keys[0])).toLong(), 0);
+  EXPECT_EQ(QApplication::activeWindow(), window.get());
+
+  keys.clear();
+  searching({u"Agua", u"Llaves"}, [&] {
+    EXPECT_EQ(told(), "");
+    EXPECT_FALSE(warned());
+    EXPECT_EQ(dialog->findChild<QLineEdit*>("texto")->text(), "llaves") << "what was looked for last";
+    enter();
+    EXPECT_EQ(shown(u"txtAsunto"), "Llaves");
+  });
+}
+
+TEST_F(SearchOverCard, a_new_note_is_undone_under_the_dialog_and_the_search_goes_on_from_its_neighbour) {
+  searching({u"uno x", u"dos", u"tres x"}, [&] {
+    turn();
+    press(Qt::Key_Period, Qt::ControlModifier);
+    letters("FN");
+    EXPECT_EQ(notes->list().count(), 4);
+    EXPECT_TRUE(warned());
+    types("Pensándolo bien, no");
+    letters("FD");
+    EXPECT_EQ(notes->list().count(), 3);
+    EXPECT_EQ(shown(u"txtAsunto"), "uno x");
+    EXPECT_FALSE(enabled(u"ID_Guardar"));
+    EXPECT_FALSE(warned());
+    EXPECT_TRUE(dialog->isVisible());
+    turn();
+    find("x");
+    EXPECT_EQ(told(), "La ficha muestra una coincidencia.");
+    enter();
+    EXPECT_EQ(shown(u"txtAsunto"), "tres x");
+  });
+  EXPECT_EQ(notes->list().currentKey(), keys[2]);
 }
 
 TEST_F(SearchOverCard, closing_the_card_closes_the_search_with_it) {

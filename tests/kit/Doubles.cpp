@@ -93,7 +93,7 @@ Shell::RecycleResult FakeShell::recycle(TextView path) {
   faults_.visit("Shell.recycle");
   recycled.emplace_back(path);
   if (nextRecycle) return std::exchange(nextRecycle, std::nullopt).value();
-  if (!files_.exists(path)) return {.code = 2, .lastError = 2};
+  if (!files_.isPlainFile(path)) return {.code = 2, .lastError = 2};
   files_.remove(path);
   return {};
 }

@@ -62,8 +62,13 @@ void FakeFiles::addDrive(Text drive, int type, bool ready) {
 
 bool FakeFiles::exists(TextView path) const { return find(path) != nullptr; }
 
+bool FakeFiles::isPlainFile(TextView path) const {
+  const Node* node = find(path);
+  return node && !node->folder;
+}
+
 Text FakeFiles::content(TextView path) const {
-  if (const Node* node = find(path); node && !node->folder) return node->content;
+  if (isPlainFile(path)) return find(path)->content;
   ADD_FAILURE() << "no file " << toUtf8(path);
   return {};
 }
@@ -108,6 +113,14 @@ std::vector<Files::Entry> FakeFiles::list(TextView folder) {
 int FakeFiles::attributes(TextView path) {
   faults_.visit("Files.attributes");
   return existing(path).folder ? directoryAttribute : 0;
+}
+
+bool FakeFiles::sameFile(TextView path, TextView other) {
+  faults_.visit("Files.sameFile");
+  const Node& node = existing(path);
+  if (node.folder) throw Failure(failure::pathFileAccess);
+  checkReachable(other);
+  return find(other) == &node;
 }
 
 Date FakeFiles::modified(TextView path) {

@@ -24,6 +24,7 @@ class FakeFiles : public Files {
 
   // Looking at it.
   bool exists(TextView path) const;
+  bool isPlainFile(TextView path) const;
   Text content(TextView path) const;                    // "" and a test failure where there is no such file
   std::vector<Text> filesBelow(TextView folder) const;  // paths from there, as spelt, in their order
 
@@ -34,6 +35,7 @@ class FakeFiles : public Files {
   Text firstMatch(TextView pathOrMask) override;
   std::vector<Entry> list(TextView folder) override;
   int attributes(TextView path) override;
+  bool sameFile(TextView path, TextView other) override;
   Date modified(TextView path) override;
   void makeDirectory(TextView path) override;
   void copy(TextView from, TextView to, bool replace) override;

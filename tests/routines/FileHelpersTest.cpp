@@ -162,6 +162,12 @@ TEST_F(Recycling, a_missing_file_is_told_with_the_systems_numbers) {
   EnviarAPapelera(u"\\datos\\otro.doc");
 }
 
+TEST_F(Recycling, a_folder_is_no_file_and_stays_with_all_that_lies_in_it) {
+  expectBox(u"Error devuelto: 2, 2");
+  EnviarAPapelera(u"\\datos");
+  EXPECT_TRUE(here.files.exists(u"\\datos\\viejo.doc"));
+}
+
 TEST_F(Recycling, a_refusal_is_told_with_code_and_error_and_leaves_the_file) {
   here.shell.nextRecycle = Shell::RecycleResult{.code = 5, .lastError = 32};
   expectBox(u"Error devuelto: 5, 32");

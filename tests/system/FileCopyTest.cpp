@@ -5,6 +5,8 @@
 
 #include <chrono>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <thread>
 
 #include "tests/system/FileFixture.h"
@@ -65,6 +67,26 @@ TEST_F(Copying, replaces_the_file_the_user_chose_and_keeps_its_spelling_and_righ
   files.copy(tree.logic(u"a.doc"), tree.logic(u"Otra.doc"), true);
   EXPECT_EQ(tree.content("Otra.doc"), "nueva");
   EXPECT_EQ(entries(), 3);
+}
+
+TEST_F(Copying, replaces_a_file_with_as_long_a_name_as_the_disk_takes) {
+  const Text longest = Text(251, u'n') + u".doc";
+  tree.putFile("a.doc", "nueva");
+  tree.putFile(toUtf8(longest), "vieja");
+  files.copy(tree.logic(u"a.doc"), tree.logic(longest), true);
+  EXPECT_EQ(tree.content(toUtf8(longest)), "nueva");
+  EXPECT_EQ(numberOf([&] { files.copy(tree.logic(u"a.doc"), tree.logic(u"n" + longest), true); }), 75);
+  EXPECT_EQ(numberOf([&] { files.copy(tree.logic(u"a.doc"), tree.logic(u"n" + longest), false); }), 75);
+  EXPECT_EQ(entries(), 2);
+}
+
+TEST_F(Copying, a_file_that_is_read_and_replaced_meanwhile_stays_whole_for_who_reads_it) {
+  tree.putFile("a.doc", "nueva");
+  tree.putFile("Vieja.doc", "vieja");
+  std::ifstream reader(tree.path() / "Vieja.doc");
+  files.copy(tree.logic(u"a.doc"), tree.logic(u"Vieja.doc"), true);
+  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(reader), {}), "vieja");
+  EXPECT_EQ(tree.content("Vieja.doc"), "nueva");
 }
 
 TEST_F(Copying, over_a_link_replaces_what_it_leads_to) {

@@ -82,6 +82,23 @@ TEST_F(Probing, a_link_counts_as_what_it_leads_to) {
   EXPECT_EQ(files.attributes(tree.logic(u"otra")), Files::directoryAttribute);
 }
 
+TEST_F(Probing, one_file_is_known_by_whatever_way_it_is_reached) {
+  tree.putFile("Datos/a.doc", "x");
+  tree.putFile("Datos/b.doc", "x");
+  fs::create_symlink("Datos/a.doc", tree.path() / "atajo.doc");
+  fs::create_symlink("nada.doc", tree.path() / "roto.doc");
+  fs::create_hard_link(tree.path() / "Datos/a.doc", tree.path() / "Datos/c.doc");
+  fs::create_directory_symlink("Datos", tree.path() / "Otra");
+  const auto same = [&](TextView other) {
+    return files.sameFile(tree.logic(u"Datos\\a.doc"), tree.logic(other));
+  };
+  for (const TextView one : {u"atajo.doc", u"ATAJO.doc", u"Datos\\c.doc", u"Otra\\a.doc", u"otra\\C.DOC",
+                             u"Otra\\..\\Datos\\a.doc"})
+    EXPECT_TRUE(same(one)) << toUtf8(one);
+  for (const TextView another : {u"Otra\\b.doc", u"roto.doc", u"Otra", u"Otra\\nada.doc"})
+    EXPECT_FALSE(same(another)) << toUtf8(another);
+}
+
 TEST_F(Probing, every_operation_refuses_a_path_without_a_folder_or_with_a_drive) {
   tree.putFile("a.doc");
   const fs::path before = fs::current_path();
@@ -91,6 +108,7 @@ TEST_F(Probing, every_operation_refuses_a_path_without_a_folder_or_with_a_drive)
     EXPECT_EQ(numberOf([&] { files.firstMatch(path); }), 76);
     EXPECT_EQ(numberOf([&] { files.list(path); }), 76);
     EXPECT_EQ(numberOf([&] { files.attributes(path); }), 76);
+    EXPECT_EQ(numberOf([&] { files.sameFile(path, path); }), 76);
     EXPECT_EQ(numberOf([&] { files.modified(path); }), 76);
     EXPECT_EQ(numberOf([&] { files.makeDirectory(path); }), 76);
     EXPECT_EQ(numberOf([&] { files.copy(tree.logic(u"a.doc"), path, true); }), 76);

@@ -107,6 +107,37 @@ TYPED_TEST(FilesContract, a_probe_finds_plain_files_only_and_gives_the_disks_spe
     EXPECT_EQ(this->place.files().firstMatch(this->at(row.path)), row.found) << toUtf8(row.path);
 }
 
+struct OneFile {
+  TextView path, other;
+  std::int32_t answer;  // 1 or 0, or the negative failure
+};
+
+TYPED_TEST(FilesContract, two_paths_are_known_for_one_plain_file) {
+  this->place.files().copy(this->at(u"Doc4\\Nota.doc"), this->at(u"Doc4\\Igual.doc"), false);
+  const OneFile rows[] = {
+      {u"Doc4\\Nota.doc", u"Doc4\\Nota.doc", 1},
+      {u"Doc4\\Nota.doc", u"doc4\\\\NOTA.DOC", 1},
+      {u"Doc4\\Nota.doc", u"Doc4\\Igual.doc", 0},
+      {u"Doc4\\Nota.doc", u"Doc4\\otra.doc", 0},
+      {u"Doc4\\Nota.doc", u"Doc5\\Nota.doc", 0},
+      {u"Doc4\\Nota.doc", u"Doc4\\Sub", 0},
+      {u"Doc4\\otra.doc", u"Doc4\\otra.doc", -53},
+      {u"Doc5\\Nota.doc", u"Doc4\\Nota.doc", -76},
+      {u"Doc4\\Sub", u"Doc4\\Sub", -75},
+      {u"Doc4\\Nota.doc", TextView(u"Doc4\\Nota.doc\0x", 15), -75},
+  };
+  for (const OneFile& row : rows) {
+    bool same = false;
+    const std::int32_t failed = this->failureOf(
+        [&](Files& files) { same = files.sameFile(this->at(row.path), this->at(row.other)); });
+    EXPECT_EQ(failed == 0 ? same : -failed, row.answer) << toUtf8(row.path) << " and " << toUtf8(row.other);
+  }
+  for (const TextView outside : {u"", u"Nota.doc", u"C:\\Nota.doc"})
+    EXPECT_EQ(this->failureOf([&](Files& files) { files.sameFile(this->at(u"Doc4\\Nota.doc"), outside); }),
+              76)
+        << toUtf8(outside);
+}
+
 struct Copied {
   TextView from, to;
   bool replace;

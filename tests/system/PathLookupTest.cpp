@@ -48,6 +48,14 @@ TEST_F(PathLookup, an_exact_match_comes_before_one_that_differs_in_case) {
   EXPECT_EQ(found(u"cARTA.DOC"), "CARTA.doc");
 }
 
+// The exact folder comes first although the file lies in the other.
+TEST_F(PathLookup, each_component_is_chosen_before_the_next_is_looked_for) {
+  tree.putFolder("Doc4");
+  tree.putFile("DOC4/a.doc");
+  EXPECT_EQ(found(u"Doc4\\a.doc"), "-");
+  EXPECT_EQ(found(u"doc4\\a.doc"), "DOC4/a.doc");
+}
+
 TEST_F(PathLookup, doubled_and_final_separators_count_as_one_or_none) {
   tree.putFile("Doc4/Doc0/a.doc");
   EXPECT_EQ(found(u"Doc4\\\\Doc0\\\\\\a.doc"), "Doc4/Doc0/a.doc");
@@ -112,6 +120,9 @@ TEST_F(PathLookup, names_of_a_folder_come_in_order_without_case) {
   std::string all;
   for (const DiskName& name : namesIn(tree.path().string())) all += name.bytes;
   EXPECT_EQ(all, "AabCñ");
+  const auto wanted = namesIn(tree.path().string(), [](TextView name) { return sameName(name, u"A"); });
+  ASSERT_EQ(wanted.size(), 2U);
+  EXPECT_EQ(wanted[0].bytes + wanted[1].bytes, "Aa");
   EXPECT_EQ(numberOf([&] { namesIn((tree.path() / "nada").string()); }), 76);
   EXPECT_EQ(numberOf([&] { namesIn((tree.path() / "a").string()); }), 76);
 }

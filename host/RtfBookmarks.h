@@ -1,0 +1,27 @@
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+#include "host/RtfTokens.h"
+#include "platform/Text.h"
+
+namespace ovalia::host {
+
+// One end of a bookmark: a group of its own in the document.
+struct RtfBookmarkEnd {
+  Text name;
+  bool begins = false;              // else it ends
+  std::size_t open = 0, close = 0;  // the group's tokens
+  int flow = 0;  // the run of text it stands in: body, a header, a text box; no two have the same number
+  bool hidden = false;  // stands in what is no text at all, as the instructions of a field
+};
+
+// All ends, in the order of the document. Names are read in the document's code page.
+std::vector<RtfBookmarkEnd> rtfBookmarkEnds(std::string_view document, const std::vector<RtfToken>& tokens);
+
+// Whether a group is something of its own in the text - a field, a picture, a note - and not a run of text
+// with its looks. `open` is the group's first token.
+bool isRtfObject(const std::vector<RtfToken>& tokens, std::size_t open);
+
+}  // namespace ovalia::host

@@ -1,0 +1,176 @@
+#include "host/RtfTemplate.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <map>
+
+#include "host/TemplateFailure.h"
+
+namespace ovalia::host {
+
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+std::string page(const std::string& body, const std::string& start = "{\\rtf1\\ansi\\ansicpg1252\\deff0 ") {
+  return start + body + "}";
+}
+std::string bookmark(const std::string& name, const std::string& inside) {
+  return "{\\*\\bkmkstart " + name + "}" + inside + "{\\*\\bkmkend " + name + "}";
+}
+
+using Values = std::map<Text, Text>;
+
+std::string filled(const std::string& document, const Values& values) {
+  return filledRtf(document, [&](TextView name) {
+    const auto found = values.find(Text(name));
+    return found == values.end() ? std::optional<Text>() : found->second;
+  });
+}
+std::string filledBody(const std::string& body, const Values& values) { return filled(page(body), values); }
+
+std::string refusal(const std::string& document, const Values& values = {{u"A", u"x"}, {u"B", u"y"}}) {
+  try {
+    filled(document, values);
+  } catch (const TemplateFailure& failure) {
+    return toUtf8(failure.message);
+  }
+  return "";
+}
+
+TEST(RtfFilling, puts_the_text_in_the_bookmark_and_leaves_all_else_to_the_letter) {
+  EXPECT_EQ(filledBody("Hola \\b " + bookmark("A", "aqui") + "\\b0 , adios\\par", {{u"A", u"Ana"}}),
+            page("Hola \\b " + bookmark("A", "{\\uc1 Ana}") + "\\b0 , adios\\par"));
+}
+
+TEST(RtfFilling, fills_an_empty_bookmark_and_empties_one_without_text) {
+  EXPECT_EQ(filledBody(bookmark("A", "") + bookmark("B", "algo"), {{u"A", u"Ana"}, {u"B", u""}}),
+            page(bookmark("A", "{\\uc1 Ana}") + bookmark("B", "")));
+}
+
+TEST(RtfFilling, leaves_a_bookmark_alone_that_nobody_knows) {
+  const std::string body = bookmark("_GoBack", "x") + bookmark("Firma", "y");
+  EXPECT_EQ(filledBody(body, {{u"A", u"Ana"}}), page(body));
+}
+
+TEST(RtfFilling, fills_every_place_of_a_name_in_any_case) {
+  EXPECT_EQ(filledBody("{\\header " + bookmark("a", "1") + "}" + bookmark("A", "2") + "{\\footer " +
+                           bookmark("A", "") + "}",
+                       {{u"A", u"x"}, {u"a", u"x"}}),
+            page("{\\header " + bookmark("a", "{\\uc1 x}") + "}" + bookmark("A", "{\\uc1 x}") + "{\\footer " +
+                 bookmark("A", "{\\uc1 x}") + "}"));
+}
+
+TEST(RtfFilling, keeps_the_looks_of_the_first_text_that_it_replaces) {
+  EXPECT_EQ(filledBody(bookmark("A", "{\\rtlch \\ltrch\\b uno}{\\i  dos\\'e1\\u241?}"), {{u"A", u"x"}}),
+            page(bookmark("A", "{\\rtlch \\ltrch\\b {\\uc1 x}}{\\i }")));
+}
+
+TEST(RtfFilling, takes_fields_and_pictures_out_as_a_whole) {
+  EXPECT_EQ(filledBody(bookmark("A", "{\\field{\\*\\fldinst DATE}{\\fldrslt hoy}}{\\pict 00ff}{\\*\\cosa 1}"),
+                       {{u"A", u"x"}}),
+            page(bookmark("A", "{\\uc1 x}")));
+}
+
+TEST(RtfFilling, keeps_cells_and_groups_that_reach_over_the_end) {
+  EXPECT_EQ(filledBody("{\\b " + std::string("{\\*\\bkmkstart A}uno\\cell }{\\i dos{\\*\\bkmkend A}}"),
+                       {{u"A", u"x"}}),
+            page("{\\b {\\*\\bkmkstart A}{\\uc1 x}\\cell }{\\i {\\*\\bkmkend A}}"));
+}
+
+TEST(RtfFilling, joins_paragraphs_inside_but_not_with_the_next_one) {
+  EXPECT_EQ(filledBody(bookmark("A", "uno\\par dos\\par ") + "tres", {{u"A", u"x"}}),
+            page(bookmark("A", "{\\uc1 x}\\par ") + "tres"));
+  EXPECT_EQ(filledBody(bookmark("A", "\\par "), {{u"A", u"x"}}), page(bookmark("A", "{\\uc1 x}\\par ")));
+}
+
+TEST(RtfFilling, skips_the_bytes_of_a_picture_whatever_they_look_like) {
+  const std::string picture = "{\\pict\\bin7 }}{\\*\\}x";
+  EXPECT_EQ(filledBody(picture + "}" + bookmark("A", ""), {{u"A", u"x"}}),
+            page(picture + "}" + bookmark("A", "{\\uc1 x}")));
+}
+
+TEST(RtfFilling, leaves_foreign_bookmarks_inside_one_in_place) {
+  EXPECT_EQ(filledBody("{\\*\\bkmkstart A}uno{\\*\\bkmkstart _Toc}dos{\\*\\bkmkend A}tres{\\*\\bkmkend _Toc}",
+                       {{u"A", u"x"}}),
+            page("{\\*\\bkmkstart A}{\\uc1 x}{\\*\\bkmkstart _Toc}{\\*\\bkmkend A}tres{\\*\\bkmkend _Toc}"));
+}
+
+TEST(RtfTexts, write_what_is_not_plain_so_that_any_reader_has_it) {
+  EXPECT_EQ(rtfText(u"Peña {1} \\ 3"), "Pe\\u241?a \\{1\\} \\\\ 3");
+  EXPECT_EQ(rtfText(u"€\U0001F600\uFFFD"), "\\u8364?\\u-10179?\\u-8704?\\u-3?");
+  EXPECT_EQ(rtfText(u"a\r\nb\nc\rd\ve\tf"), "a\\line b\\line c\\line d\\line e\\tab f");
+  EXPECT_EQ(rtfText(u"\r\n\r\n"), "\\line \\line ");
+  EXPECT_EQ(rtfText(Text(u"a\0b\x07", 4)), "ab");
+  EXPECT_EQ(rtfText(u"\u00A0\x7f"), "\\u160?\x7f");
+}
+
+TEST(RtfNames, are_read_in_every_way_of_writing_an_accent) {
+  const auto names = [](const std::string& body, const char* start = "{\\rtf1\\ansi ") {
+    return rtfBookmarks(page(body, start));
+  };
+  for (const char* written :
+       {"Ubicaci\\'f3n", "Ubicaci\\'F3n", "Ubicaci\\u243?n", "Ubicaci\\u243\\'f3n", "Ubicaci\\uc0\\u243 n",
+        "Ubicaci\\uc2\\u243 xxn", "Ubicaci\xF3n", "Ubi\r\ncaci\\'f3n ", "Ubicaci{}\\'f3n"})
+    EXPECT_THAT(names(bookmark(written, "x")), ElementsAre(u"Ubicación")) << written;
+  EXPECT_THAT(names(bookmark("Ubicaci\xC3\xB3n", "x"), "{\\rtf1\\ansi\\ansicpg65001 "),
+              ElementsAre(u"Ubicación"));
+  EXPECT_THAT(names(bookmark("\\'80uro\\'93", "x")), ElementsAre(u"€uro“"));
+  EXPECT_THAT(names("\\uc0 " + bookmark("Ubicaci\\u243 n", "x")), ElementsAre(u"Ubicación"));
+}
+
+TEST(RtfNames, are_told_once_each_in_their_order_with_those_of_headers_and_boxes) {
+  EXPECT_THAT(rtfBookmarks(page("{\\header " + bookmark("B", "") + "}" + bookmark("A", "") +
+                                bookmark("b", "") + "{\\shp{\\*\\shpinst{\\shptxt " + bookmark("C", "") +
+                                "}}}{\\*\\bkmkend D}{\\*\\bkmkstart\\bkmkcolf1\\bkmkcoll2 E}")),
+              ElementsAre(u"B", u"A", u"C", u"E"));
+  EXPECT_EQ(filledBody("{\\shp{\\*\\shpinst{\\shptxt " + bookmark("A", "1") + "}}}", {{u"A", u"x"}}),
+            page("{\\shp{\\*\\shpinst{\\shptxt " + bookmark("A", "{\\uc1 x}") + "}}}"));
+}
+
+TEST(RtfDamage, is_refused_with_a_word_of_help) {
+  for (const std::string document :
+       {"", "{\\rtf", "{\\rtf1 hola", "{\\rtf1 {hola}", "{\\rtf1 hola}}", "{\\rtf1 hola} y mas", "{\\rtf1 \\",
+        "{\\rtf1 \\'f", "{\\rtf1 \\'zz}", "{\\rtf1 \\bin9 x}", "{\\rtf1 \\bin-1 x}",
+        "{\\rtf1 \\fs99999999999}", "Hola", "{\\urtf1 hola}", "\xEF\xBB\xBF{\\rtf1 hola}"})
+    EXPECT_THAT(refusal(document), HasSubstr("su procesador de textos y ")) << document;
+  EXPECT_EQ(refusal(std::string("{\\rtf1 hola}\r\n\0\0", 16)), "");
+}
+
+TEST(RtfDamage, of_a_bookmark_names_it) {
+  EXPECT_THAT(refusal(page("{\\*\\bkmkstart A}x")), HasSubstr("«A» de la plantilla no tiene final"));
+  EXPECT_THAT(refusal(page("x{\\*\\bkmkend A}")),
+              HasSubstr("«A» de la plantilla termina sin haber empezado"));
+  EXPECT_THAT(refusal(page("{\\*\\bkmkstart A}{\\*\\bkmkstart A}{\\*\\bkmkend A}")),
+              HasSubstr("«A» de la plantilla empieza dos veces"));
+  EXPECT_THAT(refusal(page("{\\header {\\*\\bkmkstart A}x}{\\*\\bkmkend A}")),
+              HasSubstr("empieza en una parte del documento y termina en otra"));
+  EXPECT_THAT(refusal(page("{\\field{\\*\\fldinst " + bookmark("A", "x") + "}{\\fldrslt }}")),
+              HasSubstr("«A» de la plantilla está dentro de un campo"));
+  EXPECT_THAT(refusal(page(bookmark("A", "x" + bookmark("B", "y")))),
+              HasSubstr("«B» de la plantilla está dentro del marcador «A»"));
+  EXPECT_THAT(refusal(page("{\\*\\bkmkstart A}{\\*\\bkmkstart B}{\\*\\bkmkend A}{\\*\\bkmkend B}")),
+              HasSubstr("«B» de la plantilla está dentro del marcador «A» o se cruza con él"));
+  EXPECT_EQ(refusal(page(bookmark("A", "") + bookmark("B", "") + "{\\*\\bkmkstart C}")), "");
+}
+
+// A document is cut at every byte, and every byte of it is spoilt: it is filled or refused, nothing else.
+TEST(RtfDamage, of_any_kind_never_leaves_more_than_a_refusal) {
+  const std::string whole = page("{\\fonttbl{\\f0 A;}}{\\header " + bookmark("A", "\\'e1\\u241?") + "}{\\b " +
+                                 bookmark("B", "{\\i x}\\par\\bin2 {{") + "}{\\field{\\*\\fldinst X}}");
+  ASSERT_EQ(refusal(whole), "");
+  for (std::size_t length = 0; length < whole.size(); ++length)
+    EXPECT_NE(refusal(whole.substr(0, length)), "") << length;
+  for (std::size_t at = 0; at < whole.size(); ++at)
+    for (const char c : {'{', '}', '\\', 'x', '9', '\0', '\n', '*'}) {
+      std::string spoilt = whole;
+      spoilt[at] = c;
+      refusal(spoilt);
+    }
+}
+
+}  // namespace
+
+}  // namespace ovalia::host
