@@ -2,7 +2,7 @@
 
 #include "cards/Saving.h"
 #include "cards/Validation.h"
-#include "models/PassingMarks.h"
+#include "exchange/PassingMarks.h"
 #include "models/TemplateChooser.h"
 #include "routines/Trap.h"
 

@@ -5,8 +5,8 @@
 
 #include "models/Templates.h"
 #include "tests/cardkit/Attachments.h"
+#include "tests/exchange/PassedMarks.h"
 #include "tests/models/ModelTables.h"
-#include "tests/models/PassedMarks.h"
 
 namespace ovalia {
 namespace {

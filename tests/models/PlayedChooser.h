@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/models/PassedMarks.h"
+#include "tests/exchange/PassedMarks.h"
 
 namespace ovalia {
 

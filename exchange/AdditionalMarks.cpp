@@ -1,4 +1,4 @@
-#include "models/AdditionalMarks.h"
+#include "exchange/AdditionalMarks.h"
 
 #include <cmath>
 

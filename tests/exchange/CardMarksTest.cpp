@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tests/models/PassedMarks.h"
+#include "tests/exchange/PassedMarks.h"
 
 namespace ovalia {
 namespace {

@@ -1,4 +1,4 @@
-#include "models/Marks.h"
+#include "exchange/Marks.h"
 
 namespace ovalia {
 

@@ -1,4 +1,4 @@
-#include "models/AnnotationFacts.h"
+#include "exchange/AnnotationFacts.h"
 
 #include "attachments/DocumentFolders.h"
 #include "attachments/StoredPaths.h"

@@ -1,11 +1,11 @@
-#include "models/RecordMarks.h"
+#include "exchange/RecordMarks.h"
 
 #include <optional>
 
 #include "cards/Lookups.h"
-#include "models/AdditionalMarks.h"
-#include "models/AnnotationFacts.h"
-#include "models/PassingMarks.h"
+#include "exchange/AdditionalMarks.h"
+#include "exchange/AnnotationFacts.h"
+#include "exchange/PassingMarks.h"
 #include "routines/TextHelpers.h"
 #include "routines/Trap.h"
 

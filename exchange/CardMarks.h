@@ -1,7 +1,7 @@
 #pragma once
 
+#include "exchange/Marks.h"
 #include "instance/Instance.h"
-#include "models/Marks.h"
 
 namespace ovalia {
 

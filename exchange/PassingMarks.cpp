@@ -1,9 +1,9 @@
-#include "models/PassingMarks.h"
+#include "exchange/PassingMarks.h"
 
-#include "models/AdditionalMarks.h"
-#include "models/CardMarks.h"
-#include "models/Marks.h"
-#include "models/RecordMarks.h"
+#include "exchange/AdditionalMarks.h"
+#include "exchange/CardMarks.h"
+#include "exchange/Marks.h"
+#include "exchange/RecordMarks.h"
 #include "routines/Trap.h"
 
 namespace ovalia {

@@ -1,9 +1,9 @@
-#include "models/AdditionalMarks.h"
+#include "exchange/AdditionalMarks.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tests/models/PassedMarks.h"
+#include "tests/exchange/PassedMarks.h"
 
 namespace ovalia {
 namespace {

@@ -1,8 +1,8 @@
-#include "models/CardMarks.h"
+#include "exchange/CardMarks.h"
 
 #include <optional>
 
-#include "models/AnnotationFacts.h"
+#include "exchange/AnnotationFacts.h"
 #include "routines/TextHelpers.h"
 
 namespace ovalia {

@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "models/PassingMarks.h"
+#include "exchange/PassingMarks.h"
 #include "tests/cardkit/Attachments.h"
 #include "tests/cardkit/RecordingScreen.h"
 
