@@ -63,6 +63,10 @@ class Form : public Object, public std::enable_shared_from_this<Form> {
   // For controls: the focus goes to `target`; false when Validate kept it.
   bool moveFocus(Control& target);
 
+  // A control that has the focus and can hold it no longer, disabled or hidden, loses it to the next one in
+  // the tab order, without a Validate. Done when the handler that runs has ended, else at once.
+  void releaseFocus();
+
   FormView* view() { return view_.get(); }
 
   // What the user does with the window.
@@ -100,6 +104,7 @@ class Form : public Object, public std::enable_shared_from_this<Form> {
     (void)control, (void)data, (void)effect;
   }
   virtual void onDragDrop(Control& control, const ObjectRef& data) { (void)control, (void)data; }
+  virtual void onDragOut(ListView& list, Text& path) { (void)list, (void)path; }
   virtual bool callOwn(TextView member, Arguments arguments, Variant& result) {
     (void)member, (void)arguments, (void)result;
     return false;
@@ -107,12 +112,17 @@ class Form : public Object, public std::enable_shared_from_this<Form> {
 
   void load();
 
+  // For what ends within a handler that goes on: does now what releaseFocus has put off.
+  void passFocusOn();
+
  private:
   friend class Control;
   friend class CommandButton;
   friend class ListView;
   friend class ActiveToolBars;
 
+  void guarded(const std::function<void()>& action);
+  void arrive(const ControlRef& target);
   void resized(double width, double height);
   void takeDown();
   ControlRef find(TextView name, int index);

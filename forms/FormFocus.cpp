@@ -35,10 +35,26 @@ bool Form::moveFocus(Control& target) {
     onControl(*leaving, ControlEvent::LostFocus);
     if (!loaded_ || active_ != leaving) return active_ == arriving;
   }
-  active_ = arriving;
-  if (view_) view_->focusChanged();
-  if (visible_) onControl(*arriving, ControlEvent::GotFocus);
+  arrive(arriving);
   return active_ == arriving;
+}
+
+void Form::arrive(const ControlRef& target) {
+  active_ = target;
+  if (view_) view_->focusChanged();
+  if (visible_) onControl(*target, ControlEvent::GotFocus);
+}
+
+void Form::releaseFocus() {
+  if (visible_ && handlers_ == 0) userAction([] {});
+}
+
+void Form::passFocusOn() {
+  if (!visible_ || !active_ || active_->takesFocus()) return;
+  const ControlRef leaving = active_, next = nextInTabOrder(leaving, true);
+  if (!next) return;
+  onControl(*leaving, ControlEvent::LostFocus);
+  if (loaded_ && active_ == leaving) arrive(next);
 }
 
 ControlRef Form::ownerOf(const Control& control) const {
