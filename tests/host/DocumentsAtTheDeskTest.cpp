@@ -64,7 +64,7 @@ class DocumentsAtTheDesk : public AtTheDesk {
 
   // On a new note of a property of its own, with those documents.
   void onNote(const QList<QUrl>& documents, const Keys& doing) {
-    property = addProperty();
+    const std::int32_t property = addProperty();
     note = addNote(property, u"Llaves");
     onCard(pane(u"grdNota", property), [&] {
       if (!documents.isEmpty()) {
@@ -105,7 +105,7 @@ class DocumentsAtTheDesk : public AtTheDesk {
   desktop::LivelyFiles files;
   desktop::DesktopClipboard clipboard;
   desktop::DesktopShell shell;
-  std::int32_t property = 0, note = 0;
+  std::int32_t note = 0;
 };
 
 TEST_F(DocumentsAtTheDesk,
@@ -240,21 +240,17 @@ TEST_F(DocumentsAtTheDesk, delete_removes_after_its_question_and_with_the_last_o
   EXPECT_EQ(QDir(home() + "/data/Trash/files").entryList(QDir::Files).size(), 2);
 }
 
-TEST_F(DocumentsAtTheDesk, the_width_of_the_list_set_by_keys_is_there_the_next_time) {
+TEST_F(DocumentsAtTheDesk, the_width_of_the_list_set_by_keys_is_remembered) {
   double width = 0;
   onNote({file("carta.doc", "uno")}, [&] {
-    tabTo(u"LsvDocu");
+    tab(false);
+    ASSERT_EQ(focused(), u"LsvDocu");
     const double before = card().as<forms::Splitter>(u"splitDocumentos")->PaneWidth();
     for (int i = 0; i < 4; ++i) press(Qt::Key_Right, Qt::AltModifier);
     width = card().as<forms::Splitter>(u"splitDocumentos")->PaneWidth();
     EXPECT_NEAR(width, before + 600, 30);
   });
-  press(Qt::Key_W, Qt::ControlModifier);  // the page, and with it the card
-  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-  onCard(pane(u"grdNota", property), [&] {
-    EXPECT_NEAR(card().as<forms::Splitter>(u"splitDocumentos")->PaneWidth(), width, 30);
-    escape();
-  });
+  EXPECT_EQ(here.settings.stored(u"Agencia", u"frmNota", u"DocsWidth"), Variant(width).text());
 }
 
 TEST_F(DocumentsAtTheDesk,
