@@ -2,6 +2,7 @@
 
 #include "attachments/AddingAttachments.h"
 #include "attachments/AttachmentOperations.h"
+#include "attachments/DraggingOut.h"
 #include "cards/CardLists.h"
 #include "cards/Closing.h"
 #include "cards/EditTracking.h"
@@ -41,6 +42,7 @@ void connectCard(Instance& nota, forms::CardForm& card) {
   card.OLEDragDrop.connect([&](ObjectRef& data) { dNota_OLEDragDrop(nota, data); });
   card.OLEDragOver.connect(
       [&](ObjectRef& data, std::int32_t& effect) { dNota_OLEDragOver(nota, data, effect); });
+  card.OLEStartDrag.connect([&](Text& path) { dNota_OLEStartDrag(nota, path); });
   card.BuscaElemento.connect([&](std::int16_t& modo, Text& criterio, bool& encontrado) {
     CNota_BuscaElemento(nota, modo, criterio, encontrado);
   });

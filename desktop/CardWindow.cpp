@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 #include <QWindow>
 
+#include "desktop/Progress.h"
 #include "desktop/QtText.h"
 #include "desktop/Scale.h"
 
@@ -29,13 +30,20 @@ bool isContainer(const forms::Control& control) {
   return control.type() == ControlType::Frame || control.type() == ControlType::Splitter;
 }
 
-// The toolkit would move the focus before anybody could ask: a press asks the form instead.
-void focusByFormOnly(const ControlWidget& drawn) {
+bool takesFiles(const forms::Control& control) {
+  return control.type() == ControlType::ListView || control.has(forms::multiLine);
+}
+
+// The toolkit would move the focus before anybody could ask: a press asks the form instead. It would also
+// write the names of dropped files into any box.
+void leaveToForm(const ControlWidget& drawn) {
+  if (isContainer(drawn.control())) return;
   auto parts = drawn.widget()->findChildren<QWidget*>();
   parts.append(drawn.widget());
-  for (QWidget* part : parts)
-    if (!isContainer(drawn.control()) && part->focusPolicy() & Qt::ClickFocus)
-      part->setFocusPolicy(Qt::TabFocus);
+  for (QWidget* part : parts) {
+    if (part->focusPolicy() & Qt::ClickFocus) part->setFocusPolicy(Qt::TabFocus);
+    if (!takesFiles(drawn.control())) part->setAcceptDrops(false);
+  }
 }
 
 class Counted {
@@ -117,7 +125,7 @@ void CardWindow::buildControls() {
     if (!drawn) continue;
     for (const Property property : everyProperty) drawn->follow(property);
     describe(*drawn);
-    focusByFormOnly(*drawn);
+    leaveToForm(*drawn);
   }
 }
 
@@ -236,7 +244,7 @@ bool CardWindow::event(QEvent* event) {
 
 void CardWindow::closeEvent(QCloseEvent* event) {
   event->ignore();
-  if (!form_) return;
+  if (!form_ || Progress::current().breathing()) return;
   const QPointer<CardWindow> self(this);
   commit();
   if (self && form_) form_->userCloses();

@@ -1,11 +1,15 @@
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMenuBar>
 #include <QScrollBar>
 
 #include "desktop/CardWindow.h"
+#include "desktop/DropData.h"
 #include "desktop/KeyCodes.h"
+#include "desktop/Progress.h"
 
 namespace ovalia::desktop {
 
@@ -19,11 +23,41 @@ bool isLabelEditor(const QWidget& widget) {
          static_cast<QAbstractItemView*>(viewport->parentWidget())->viewport() == viewport;
 }
 
+// Copied files are the form's; to a box they would be so many paths.
+bool holdsFiles() { return !filesOf(QGuiApplication::clipboard()->mimeData()).empty(); }
+
+// The toolkit knows the key that bears a menu, not this one.
+void asksForMenu(QWidget& widget) {
+  const QPoint middle = widget.rect().center();
+  QContextMenuEvent menu(QContextMenuEvent::Keyboard, middle, widget.mapToGlobal(middle));
+  QApplication::sendEvent(&widget, &menu);
+}
+
+bool isInput(const QEvent& event) {
+  switch (event.type()) {
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+    case QEvent::ShortcutOverride:
+    case QEvent::Shortcut:
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseMove:
+    case QEvent::Wheel:
+    case QEvent::ContextMenu:
+      return true;
+    default:
+      return false;
+  }
+}
+
 }  // namespace
 
 // Everything passes here before it reaches a widget: the form decides about keys and the focus first.
 bool CardWindow::eventFilter(QObject* object, QEvent* event) {
-  if (!form_ || !object->isWidgetType()) return false;
+  if (!form_) return false;
+  if (Progress::current().breathing() && isInput(*event)) return true;
+  if (!object->isWidgetType()) return false;
   auto& receiver = *static_cast<QWidget*>(object);
   switch (event->type()) {
     case QEvent::MouseButtonPress:
@@ -88,8 +122,14 @@ bool CardWindow::keyPressed(QWidget& receiver, QKeyEvent& event) {
   if (const int code = virtualKey(event.key(), event.modifiers()))
     form_->userKey(code, shiftMask(event.modifiers()));
   if (!self || !form_ || !form_->Visible()) return true;
-  ControlWidget* drawn = widgetAt(&receiver);
-  return drawn && drawn->takesKey(event);
+  if (event.matches(QKeySequence::Paste) && holdsFiles()) return true;
+  if (event.key() == Qt::Key_F10 && event.modifiers() == Qt::ShiftModifier)
+    return asksForMenu(receiver), true;
+  for (ControlWidget* drawn = widgetAt(&receiver); drawn; drawn = widgetAt(drawn->widget()->parentWidget())) {
+    if (drawn->takesKey(event)) return true;
+    if (!self || !form_) return true;
+  }
+  return false;
 }
 
 // The focus came some other way: the form is asked all the same, and a refusal sends it back.

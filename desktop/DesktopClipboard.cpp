@@ -7,6 +7,7 @@
 
 #include "desktop/DiskFile.h"
 #include "desktop/DropData.h"
+#include "desktop/Progress.h"
 
 namespace ovalia::desktop {
 
@@ -58,7 +59,11 @@ void DesktopClipboard::put(bool marked) {
   QGuiApplication::clipboard()->setMimeData(data);
 }
 
-std::vector<Text> DesktopClipboard::files() { return filesOf(contents()); }
+std::vector<Text> DesktopClipboard::files() {
+  std::vector<Text> files = filesOf(contents());
+  Progress::current().expect(files.size());
+  return files;
+}
 
 void DesktopClipboard::close() {}
 

@@ -12,7 +12,7 @@ class DesktopClipboard : public Clipboard {
   void empty() override;
   bool setFiles(std::span<const Text> paths) override;
   bool setDropEffect(int effect) override;
-  std::vector<Text> files() override;
+  std::vector<Text> files() override;  // whoever asks is about to copy them
   void close() override;
 
  private:

@@ -1,13 +1,18 @@
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QDrag>
 #include <QListWidget>
 #include <QSignalBlocker>
+#include <QStyledItemDelegate>
+#include <algorithm>
 
 #include "desktop/ControlWidget.h"
 #include "desktop/DropData.h"
 #include "desktop/Icons.h"
+#include "desktop/LeavingFile.h"
 #include "desktop/QtText.h"
 #include "desktop/Scale.h"
+#include "forms/Form.h"
 
 namespace ovalia::desktop {
 
@@ -23,24 +28,92 @@ struct ViewRow {
   QListView::ViewMode mode;
   QListView::Flow flow;
   double icon;  // twips
-  bool grid;
+  int column;   // least width in heights of a line; 0 is that of the longest name
 };
 constexpr ViewRow views[] = {
-    {QListView::IconMode, QListView::LeftToRight, 480, true},
-    {QListView::ListMode, QListView::LeftToRight, 240, true},
-    {QListView::ListMode, QListView::TopToBottom, 240, false},
+    {QListView::IconMode, QListView::LeftToRight, 480, 6},
+    {QListView::ListMode, QListView::LeftToRight, 240, 10},
+    {QListView::ListMode, QListView::TopToBottom, 240, 0},
 };
+
+// No name is wider than its column: it would be cut where its neighbour or the pane's edge begins.
+class NameDelegate : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+  int widest = 0;
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    const QSize hint = QStyledItemDelegate::sizeHint(option, index);
+    return {std::min(hint.width(), widest), hint.height()};
+  }
+};
+
+// The tool that a key stands for while the list has the focus.
+TextView toolOf(const QKeyEvent& event) {
+  if (event.matches(QKeySequence::Copy)) return u"ID_Copiar";
+  if (event.modifiers() & ~Qt::KeypadModifier) return {};
+  switch (event.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      return u"ID_Abrir";
+    case Qt::Key_Delete:
+      return u"ID_Quitar";
+    default:
+      return {};
+  }
+}
+
+// The keys for which there must be an item to go on from.
+bool startsFromItem(int key) {
+  constexpr int keys[] = {Qt::Key_Up,     Qt::Key_Down,     Qt::Key_Left,  Qt::Key_Right, Qt::Key_Home,
+                          Qt::Key_PageUp, Qt::Key_PageDown, Qt::Key_Space, Qt::Key_F2};
+  return std::ranges::find(keys, key) != std::end(keys);
+}
+
+// A name is a name, whatever signs are in it.
+QString tipOf(const QString& name) { return Qt::mightBeRichText(name) ? name.toHtmlEscaped() : name; }
 
 class DocumentList : public QListWidget {
  public:
   DocumentList(const forms::ControlRef& control, QWidget* parent)
-      : QListWidget(parent), list_(std::static_pointer_cast<forms::ListView>(control)), drops_(control) {
+      : QListWidget(parent),
+        list_(std::static_pointer_cast<forms::ListView>(control)),
+        drops_(control, *this) {
     setEditTriggers(control->has(forms::labelEdit) ? SelectedClicked | EditKeyPressed : NoEditTriggers);
     setSelectionMode(SingleSelection);
-    setTextElideMode(Qt::ElideMiddle);
     setResizeMode(Adjust);
-    setDragEnabled(false);
     setAcceptDrops(true);
+    setItemDelegate(names_);
+  }
+
+  void layOut(const ViewRow& view) {
+    view_ = &view;
+    const bool large = view.mode == IconMode;
+    const int icon = Scale::of(*this).pixels(view.icon);
+    setViewMode(view.mode);
+    setFlow(view.flow);
+    setWrapping(true);
+    setMovement(Static);
+    setResizeMode(Adjust);
+    setIconSize(QSize(icon, icon));
+    // Each line of a name would lose its middle.
+    setTextElideMode(large ? Qt::ElideRight : Qt::ElideMiddle);
+    setWordWrap(large);
+    // Fixed items lose both.
+    setDragEnabled(true);
+    viewport()->setAcceptDrops(true);
+    fitColumns();
+  }
+
+  // The state of a tool is right after the menu that it stands in has opened.
+  bool takesKey(const QKeyEvent& event) {
+    const TextView tool = toolOf(event);
+    if (tool.empty()) return false;
+    if (event.isAutoRepeat()) return true;
+    const auto form = list_->form().shared_from_this();
+    const auto bars = form->as<forms::ActiveToolBars>(u"SSAtb");
+    bars->userOpensMenu(u"ID_mnuDocumentos");
+    if (form->loaded()) bars->userSelects(tool);
+    return true;
   }
 
   void leaveEditor() {
@@ -56,6 +129,11 @@ class DocumentList : public QListWidget {
   std::function<void()> acted;  // the user did something: what is drawn may differ from the model
 
  protected:
+  void resizeEvent(QResizeEvent* event) override {
+    fitColumns();
+    QListWidget::resizeEvent(event);
+  }
+
   void mouseReleaseEvent(QMouseEvent* event) override {
     if (std::exchange(afterDoubleClick_, false)) return;
     QListWidget::mouseReleaseEvent(event);
@@ -72,11 +150,29 @@ class DocumentList : public QListWidget {
         indexAt(event->position().toPoint()).row() + 1);
   }
 
+  // With nothing selected the first of these keys selects, and the next one moves.
   void keyPressEvent(QKeyEvent* event) override {
-    const int before = currentRow();
-    QListWidget::keyPressEvent(event);
-    if (currentRow() != before)
-      act([](forms::ListView& list, int index) { list.userSelects(index); }, currentRow() + 1);
+    const bool starts = list_->selectedIndex() == 0 && count() > 0 && startsFromItem(event->key());
+    if (starts) setCurrentRow(std::max(currentRow(), 0));
+    const QPointer<DocumentList> self(this);
+    if (!starts || event->key() == Qt::Key_F2) QListWidget::keyPressEvent(event);
+    if (!self) return;
+    const int index = selectedItems().isEmpty() ? 0 : currentRow() + 1;
+    if (index != list_->selectedIndex())
+      act([](forms::ListView& list, int selected) { list.userSelects(selected); }, index);
+  }
+
+  void startDrag(Qt::DropActions) override {
+    const int row = currentRow();
+    if (row < 0) return;
+    const QPointer<DocumentList> self(this);
+    const auto kept = list_;
+    const Text file = kept->userDragsOut(row + 1);
+    if (!self || file.empty() || row >= count()) return;
+    auto* drag = new QDrag(this);
+    drag->setMimeData(new LeavingFile(file, fromQt(item(row)->text())));
+    drag->setPixmap(item(row)->icon().pixmap(iconSize()));
+    drag->exec(Qt::CopyAction);
   }
 
   void contextMenuEvent(QContextMenuEvent* event) override {
@@ -89,15 +185,31 @@ class DocumentList : public QListWidget {
     if (self) byKeyboard_ = false;
   }
 
-  void dragEnterEvent(QDragEnterEvent* event) override {
-    event->setAccepted(drops_.over(*event) && event->isAccepted());
-  }
-  void dragMoveEvent(QDragMoveEvent* event) override {
-    event->setAccepted(drops_.over(*event) && event->isAccepted());
-  }
+  void dragEnterEvent(QDragEnterEvent* event) override { drops_.over(*event); }
+  void dragMoveEvent(QDragMoveEvent* event) override { drops_.over(*event); }
   void dropEvent(QDropEvent* event) override { drops_.dropped(*event); }
 
  private:
+  // Small icons share the room there is, large ones have columns of one width.
+  void fitColumns() {
+    if (!view_) return;
+    const int room = std::max(1, viewport()->width() - 1), line = fontMetrics().height();
+    const int icon = iconSize().height(), column = line * view_->column;
+    names_->widest = room;
+    if (view_->mode == IconMode) {
+      names_->widest = column;
+      setGridSize(QSize(column, icon + 2 * line + 8));
+    } else if (column > 0) {
+      // The toolkit sets the width of a scroll bar aside before it fills a row.
+      const int row = std::max(
+          column, maximumViewportSize().width() - style()->pixelMetric(QStyle::PM_ScrollBarExtent) - 1);
+      names_->widest = std::min(room, row / (row / column));
+      setGridSize(QSize(names_->widest, icon + 6));
+    } else {
+      setGridSize(QSize());
+    }
+  }
+
   template <class Action>
   void act(Action action, int argument) {
     const QPointer<DocumentList> self(this);
@@ -108,6 +220,8 @@ class DocumentList : public QListWidget {
 
   std::shared_ptr<forms::ListView> list_;
   FileDrops drops_;
+  NameDelegate* names_ = new NameDelegate(this);
+  const ViewRow* view_ = nullptr;
   bool afterDoubleClick_ = false;
   bool byKeyboard_ = false;  // while it asks for a menu
 };
@@ -118,6 +232,7 @@ class ListWidget : public ControlWidget {
       : ListWidget(control, new DocumentList(control, parent)) {}
 
   void commit() override { list_->leaveEditor(); }
+  bool takesKey(QKeyEvent& event) override { return list_->takesKey(event); }
   std::optional<QPoint> menuPlace() const override { return list_->menuPlace(); }
 
   void follow(Property property) override {
@@ -136,25 +251,37 @@ class ListWidget : public ControlWidget {
     };
     connect(list, &QListWidget::itemChanged, this, [this](QListWidgetItem* item) {
       const QPointer<ListWidget> self(this);
+      drawn_[static_cast<std::size_t>(list_->row(item))].text = fromQt(item->text());
       model().userEditsLabel(fromQt(item->text()));
       if (self) follow(Property::Items);
     });
   }
 
+  // Only what differs: a list is filled item by item, and each tells that it changed.
   void followItems() {
     const auto& items = model().items();
     const int count = static_cast<int>(items.size());
     while (list_->count() > count) delete list_->takeItem(count);
-    while (list_->count() < count) list_->addItem(new QListWidgetItem);
-    for (int row = 0; row < count; ++row) {
-      const ListItem& shown = items[static_cast<std::size_t>(row)];
-      QListWidgetItem& item = *list_->item(row);
-      item.setText(toQt(shown.text));
-      item.setToolTip(toQt(shown.text));
-      item.setIcon(icon(shown.icon));
-      item.setFlags(Qt::ItemIsSelectable | Qt::ItemIsEnabled |
-                    (control().has(forms::labelEdit) ? Qt::ItemIsEditable : Qt::NoItemFlags));
+    drawn_.resize(std::min(drawn_.size(), items.size()));
+    for (std::size_t i = 0; i < items.size(); ++i) {
+      if (i == drawn_.size()) {
+        list_->addItem(new QListWidgetItem);
+        drawn_.push_back(items[i]);
+      } else if (drawn_[i] == items[i]) {
+        continue;
+      } else {
+        drawn_[i] = items[i];
+      }
+      draw(*list_->item(static_cast<int>(i)), items[i]);
     }
+  }
+
+  void draw(QListWidgetItem& item, const ListItem& shown) const {
+    item.setText(toQt(shown.text));
+    item.setToolTip(tipOf(toQt(shown.text)));
+    item.setIcon(icon(shown.icon));
+    item.setFlags(Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemIsDragEnabled |
+                  (control().has(forms::labelEdit) ? Qt::ItemIsEditable : Qt::NoItemFlags));
   }
 
   void followSelection() {
@@ -167,26 +294,12 @@ class ListWidget : public ControlWidget {
     }
   }
 
-  void followView() {
-    const ViewRow& view = views[model().View()];
-    const int line = list_->fontMetrics().height();
-    const int icon = Scale::of(*list_).pixels(view.icon);
-    list_->setViewMode(view.mode);
-    list_->setFlow(view.flow);
-    list_->setWrapping(true);
-    list_->setMovement(QListView::Static);
-    list_->setResizeMode(QListView::Adjust);
-    list_->setIconSize(QSize(icon, icon));
-    list_->setWordWrap(view.mode == QListView::IconMode);
-    list_->setGridSize(!view.grid                         ? QSize()
-                       : view.mode == QListView::IconMode ? QSize(line * 6, icon + 2 * line + 8)
-                                                          : QSize(line * 10, icon + 6));
-    list_->viewport()->setAcceptDrops(true);
-  }
+  void followView() { list_->layOut(views[model().View()]); }
 
   forms::ListView& model() const { return static_cast<forms::ListView&>(control()); }
 
   DocumentList* list_;
+  std::vector<ListItem> drawn_;
 };
 
 }  // namespace

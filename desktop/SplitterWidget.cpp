@@ -10,6 +10,8 @@ using forms::Property;
 
 namespace {
 
+constexpr double step = 150;  // twips
+
 class Panes : public QSplitter {
  public:
   using QSplitter::QSplitter;
@@ -33,6 +35,18 @@ class SplitterWidget : public ControlWidget {
     if (property == Property::PaneWidth) setPanes();
   }
 
+  // Alt with an arrow moves the bar, from either pane.
+  bool takesKey(QKeyEvent& event) override {
+    const int way = event.key() == Qt::Key_Right ? 1 : event.key() == Qt::Key_Left ? -1 : 0;
+    if (way == 0 || model().PaneWidth() == 0 || (event.modifiers() & ~Qt::KeypadModifier) != Qt::AltModifier)
+      return false;
+    const QList<int> now = panes_->sizes();
+    const int by = way * Scale::of(*panes_).pixels(step);
+    panes_->setSizes({std::max(1, now.value(0) + by), std::max(1, now.value(1) - by)});
+    moved();
+    return true;
+  }
+
  private:
   SplitterWidget(const forms::ControlRef& control, Panes* panes)
       : ControlWidget(control, panes), panes_(panes) {
@@ -41,11 +55,13 @@ class SplitterWidget : public ControlWidget {
     panes->resized = [self = QPointer<SplitterWidget>(this)] {
       if (self) self->setPanes();
     };
-    connect(panes, &QSplitter::splitterMoved, this, [this] {
-      const QPointer<SplitterWidget> self(this);
-      model().userDrags(Scale::of(*panes_).twips(panes_->sizes().value(0)));
-      if (self) setPanes();
-    });
+    connect(panes, &QSplitter::splitterMoved, this, [this] { moved(); });
+  }
+
+  void moved() {
+    const QPointer<SplitterWidget> self(this);
+    model().userDrags(Scale::of(*panes_).twips(panes_->sizes().value(0)));
+    if (self) setPanes();
   }
 
   void setPanes() {

@@ -10,12 +10,12 @@
 #include "desktop/DesktopScreen.h"
 #include "desktop/DesktopShell.h"
 #include "desktop/IniSettings.h"
+#include "desktop/LivelyFiles.h"
 #include "desktop/Mailer.h"
 #include "desktop/PickList.h"
 #include "desktop/QtText.h"
 #include "desktop/SearchDialog.h"
 #include "desktop/SearchDialogObject.h"
-#include "system/FileSystem.h"
 #include "system/SystemClock.h"
 
 namespace ovalia::desktop {
@@ -39,7 +39,7 @@ struct Surroundings::Parts {
   IniSettings settings;
   DesktopClipboard clipboard;
   DesktopShell shell;
-  system::FileSystem files;
+  LivelyFiles files;
   system::SystemClock clock;
   ObjectRegistry objects;
   Platform platform;

@@ -66,23 +66,29 @@ class LineWidget : public ControlWidget {
   LineEdit* edit_;
 };
 
-// Files dropped on it go to the form, other data into the text.
+// Files dropped on it go to the form. Text moves only within it.
 class LinesEdit : public QPlainTextEdit {
  public:
-  LinesEdit(const forms::ControlRef& control, QWidget* parent) : QPlainTextEdit(parent), drops_(control) {}
+  LinesEdit(const forms::ControlRef& control, QWidget* parent)
+      : QPlainTextEdit(parent), drops_(control, *this) {}
 
  protected:
   void dragEnterEvent(QDragEnterEvent* event) override {
-    if (!drops_.over(*event)) QPlainTextEdit::dragEnterEvent(event);
+    if (own(*event)) return QPlainTextEdit::dragEnterEvent(event);
+    drops_.over(*event);
   }
   void dragMoveEvent(QDragMoveEvent* event) override {
-    if (!drops_.over(*event)) QPlainTextEdit::dragMoveEvent(event);
+    if (own(*event)) return QPlainTextEdit::dragMoveEvent(event);
+    drops_.over(*event);
   }
   void dropEvent(QDropEvent* event) override {
-    if (!drops_.dropped(*event)) QPlainTextEdit::dropEvent(event);
+    if (own(*event)) return QPlainTextEdit::dropEvent(event);
+    drops_.dropped(*event);
   }
 
  private:
+  bool own(const QDropEvent& event) const { return event.source() == this || event.source() == viewport(); }
+
   FileDrops drops_;
 };
 

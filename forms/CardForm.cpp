@@ -124,12 +124,17 @@ void CardForm::onDragDrop(Control& control, const ObjectRef& data) {
   OLEDragDrop(dropped);
 }
 
+void CardForm::onDragOut(ListView& list, Text& path) {
+  if (eventsOf(list, onDrag)) OLEStartDrag(path);
+}
+
 bool CardForm::BuscarElemento(std::int16_t modo, TextView criterio) {
   return procedureHandling(
       design().searchName, false,
       [&](bool& found) {
         Text criterion(criterio);
         BuscaElemento(modo, criterion, found);
+        passFocusOn();  // the search is a handler of this form that lasts as long as its window
       },
       [](const Failure&, bool& found) {
         found = false;

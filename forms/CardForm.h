@@ -23,6 +23,8 @@ class CardForm : public Form {
   Event<std::int16_t&, Text&, bool&> BuscaElemento;  // mode 1 first, 2 next, 3 previous; criterion; found
   Event<ObjectRef&> OLEDragDrop;
   Event<ObjectRef&, std::int32_t&> OLEDragOver;
+  Event<Text&>
+      OLEStartDrag;  // path of the file that the selected item stands for; stays "" where there is none
 
   // The splitter takes the height there is, and the controls of the resize table what the form has grown.
   // Never below the minimum size.
@@ -52,6 +54,7 @@ class CardForm : public Form {
   void onLabelEdit(ListView& list, TextView text) override;
   void onDragOver(Control& control, const ObjectRef& data, std::int32_t& effect) override;
   void onDragDrop(Control& control, const ObjectRef& data) override;
+  void onDragOut(ListView& list, Text& path) override;
   bool callOwn(TextView member, Arguments arguments, Variant& result) override;
 
  private:

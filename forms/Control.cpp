@@ -97,12 +97,14 @@ void Control::setEnabled(bool enabled) {
   if (enabled_ == enabled) return;
   enabled_ = enabled;
   changed(Property::Enabled);
+  form_.releaseFocus();
 }
 
 void Control::setVisible(bool visible) {
   if (visible_ == visible) return;
   visible_ = visible;
   changed(Property::Visible);
+  form_.releaseFocus();
 }
 
 void Control::setLeft(double twips) { place(left_, twips); }

@@ -247,6 +247,8 @@ struct ListItem {
   Text key;
   Text text;
   Text icon;  // key in the image lists: "doc", "txt", "not", "xls", "ppt", "jpg", "zip", "win"
+
+  bool operator==(const ListItem&) const = default;
 };
 
 class ListView : public Control {
@@ -268,6 +270,7 @@ class ListView : public Control {
   void userDoubleClicks(int index);
   void userSelects(int index);  // by keyboard
   void userEditsLabel(TextView text);
+  Text userDragsOut(int index);  // selects; path of the file that leaves, "" where none may
 
  protected:
   bool getOwn(TextView member, Arguments arguments, Variant& result) override;

@@ -215,14 +215,19 @@ void Form::userAction(const std::function<void()>& action) {
   auto& handling = Runtime::current().handling_;
   handling.push_back(self);
   ++handlers_;
+  guarded(action);
+  guarded([&] { passFocusOn(); });
+  handling.pop_back();
+  if (--handlers_ == 0) departed_.clear();
+}
+
+void Form::guarded(const std::function<void()>& action) {
   try {
     action();
   } catch (...) {
     const Failure escaped = currentFailure();
     EscribirErrLog(escaped.description(), escaped.number(), u"Evento de " + Name());
   }
-  handling.pop_back();
-  if (--handlers_ == 0) departed_.clear();
 }
 
 }  // namespace ovalia::forms

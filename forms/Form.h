@@ -66,6 +66,10 @@ class Form : public Object, public std::enable_shared_from_this<Form> {
   // For controls: the focus goes to `target`; false when Validate kept it.
   bool moveFocus(Control& target);
 
+  // A control that has the focus and can hold it no longer, disabled or hidden, loses it to the next one in
+  // the tab order, without a Validate. Done when the handler that runs has ended, else at once.
+  void releaseFocus();
+
   FormView* view() { return view_.get(); }
 
   // What the user does with the window.
@@ -110,6 +114,7 @@ class Form : public Object, public std::enable_shared_from_this<Form> {
   virtual void onBeforeDelete(Grid& grid, bool& cancel, bool& prompt) {
     (void)grid, (void)cancel, (void)prompt;
   }
+  virtual void onDragOut(ListView& list, Text& path) { (void)list, (void)path; }
   virtual bool callOwn(TextView member, Arguments arguments, Variant& result) {
     (void)member, (void)arguments, (void)result;
     return false;
@@ -119,6 +124,8 @@ class Form : public Object, public std::enable_shared_from_this<Form> {
 
   // Puts what the resize table names where it belongs when the form has grown so much beyond its minimum.
   void stretch(double wider, double taller);
+  // For what ends within a handler that goes on: does now what releaseFocus has put off.
+  void passFocusOn();
 
  private:
   friend class Control;
@@ -127,6 +134,8 @@ class Form : public Object, public std::enable_shared_from_this<Form> {
   friend class ListView;
   friend class ActiveToolBars;
 
+  void guarded(const std::function<void()>& action);
+  void arrive(const ControlRef& target);
   void resized(double width, double height);
   void takeDown();
   ControlRef find(TextView name, int index);
@@ -134,7 +143,7 @@ class Form : public Object, public std::enable_shared_from_this<Form> {
   ControlRef firstInTabOrder();
   ControlRef nextInTabOrder(const ControlRef& from, bool forward);
   bool mayLeave();
-  bool arrive(const ControlRef& arriving);
+  bool leaveFor(const ControlRef& arriving);
   void clickButtonOf(int keyCode);
 
   const FormDesign& design_;

@@ -34,7 +34,7 @@ bool Form::mayLeave() {
 }
 
 // The check may have disabled what the focus was to go to.
-bool Form::arrive(const ControlRef& arriving) {
+bool Form::leaveFor(const ControlRef& arriving) {
   const ControlRef leaving = active_;
   if (!arriving->takesFocus()) {
     if (view_) view_->focusChanged();
@@ -44,9 +44,7 @@ bool Form::arrive(const ControlRef& arriving) {
     onControl(*leaving, ControlEvent::LostFocus);
     if (!loaded_ || active_ != leaving) return active_ == arriving;
   }
-  active_ = arriving;
-  if (view_) view_->focusChanged();
-  if (visible_) onControl(*arriving, ControlEvent::GotFocus);
+  arrive(arriving);
   return active_ == arriving;
 }
 
@@ -54,7 +52,25 @@ bool Form::moveFocus(Control& target) {
   if (active_.get() == &target) return true;
   if (!loaded_) return false;
   const ControlRef arriving = ownerOf(target);
-  return mayLeave() ? arrive(arriving) : active_ == arriving;
+  return mayLeave() ? leaveFor(arriving) : active_ == arriving;
+}
+
+void Form::arrive(const ControlRef& target) {
+  active_ = target;
+  if (view_) view_->focusChanged();
+  if (visible_) onControl(*target, ControlEvent::GotFocus);
+}
+
+void Form::releaseFocus() {
+  if (visible_ && handlers_ == 0) userAction([] {});
+}
+
+void Form::passFocusOn() {
+  if (!visible_ || !active_ || active_->takesFocus()) return;
+  const ControlRef leaving = active_, next = nextInTabOrder(leaving, true);
+  if (!next) return;
+  onControl(*leaving, ControlEvent::LostFocus);
+  if (loaded_ && active_ == leaving) arrive(next);
 }
 
 ControlRef Form::ownerOf(const Control& control) const {
@@ -89,7 +105,7 @@ bool Form::userFocuses(Control& control) {
 void Form::userTabs(bool forward) {
   userAction([&] {
     if (!nextInTabOrder(active_, forward) || !mayLeave()) return;
-    if (const ControlRef next = nextInTabOrder(active_, forward)) arrive(next);
+    if (const ControlRef next = nextInTabOrder(active_, forward)) leaveFor(next);
   });
 }
 

@@ -89,6 +89,17 @@ void ListView::userEditsLabel(TextView text) {
   });
 }
 
+Text ListView::userDragsOut(int index) {
+  Text path;
+  form().userAction([&] {
+    if (!takesFocus() || !form().moveFocus(*this)) return;
+    select(index);
+    raise(ControlEvent::ItemClick);
+    form().onDragOut(*this, path);
+  });
+  return path;
+}
+
 bool ListView::getOwn(TextView member, Arguments arguments, Variant& result) {
   if (sameName(member, u"View")) return result = std::int16_t(view_), true;
   if (sameName(member, u"SelectedItem")) {

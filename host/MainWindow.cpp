@@ -9,6 +9,7 @@
 #include <QStatusBar>
 #include <QTabBar>
 
+#include "desktop/Progress.h"
 #include "desktop/QtText.h"
 #include "host/Escapes.h"
 #include "host/PlaceMemory.h"
@@ -59,12 +60,14 @@ MainWindow::MainWindow(Workplace& workplace)
   QObject::connect(pages_, &QTabWidget::tabCloseRequested, this,
                    telling([this](int index) { closePage(index); }));
   buildMenus();
+  desktop::Progress::current().tell = [bar = statusBar()](const QString& text) { bar->showMessage(text); };
   const int character = fontMetrics().averageCharWidth();
   resize(QSize(character * 165, fontMetrics().height() * 40).boundedTo(screen()->availableSize()));
   pages_->currentWidget()->setFocus();
 }
 
 MainWindow::~MainWindow() {
+  desktop::Progress::current().tell = {};
   // Cards go before the pieces that their lists work with.
   while (pages_->count()) delete pages_->widget(0);
 }

@@ -9,6 +9,7 @@
 #include <QStandardPaths>
 #include <QUrl>
 
+#include "desktop/Progress.h"
 #include "desktop/QtText.h"
 #include "host/PickDialog.h"
 #include "platform/Platform.h"
@@ -92,6 +93,7 @@ std::vector<Text> QtDialogs::openFiles(const FileQuestion& asked) {
   std::vector<Text> paths;
   if (dialog.exec() == QDialog::Accepted)
     for (const QString& path : dialog.selectedFiles()) paths.push_back(logicPath(fromQt(path)));
+  desktop::Progress::current().expect(paths.size());
   return paths;
 }
 

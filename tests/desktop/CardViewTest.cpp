@@ -245,4 +245,29 @@ TEST_F(View, the_splitter_follows_the_model_and_tells_what_the_user_drags) {
   });
 }
 
+TEST_F(View, alt_with_the_arrows_moves_the_bar_between_list_and_notes_from_either_side) {
+  up([&] {
+    const auto splitter = form->as<forms::Splitter>(u"splitDocumentos");
+    splitter->setPaneWidth(2250);
+    focus(u"LsvDocu");
+    key(target(u"LsvDocu"), Qt::Key_Right, Qt::AltModifier);
+    EXPECT_NEAR(splitter->PaneWidth(), 2400, 15);
+    focus(u"txtNotas");
+    key(target(u"txtNotas"), Qt::Key_Left, Qt::AltModifier);
+    key(target(u"txtNotas"), Qt::Key_Left, Qt::AltModifier);
+    EXPECT_NEAR(splitter->PaneWidth(), 2100, 15);
+    EXPECT_EQ(target(u"LsvDocu")->width(), 140);
+    for (int i = 0; i < 100; ++i) key(target(u"txtNotas"), Qt::Key_Right, Qt::AltModifier);
+    EXPECT_GT(target(u"txtNotas")->width(), 40) << "neither side is pushed out";
+    EXPECT_NEAR(splitter->PaneWidth(), target(u"LsvDocu")->width() * 15, 15);
+    form->control(u"LsvDocu")->put(u"Visible", false);
+    splitter->setPaneWidth(0);
+    key(target(u"txtNotas"), Qt::Key_Right, Qt::AltModifier);
+    EXPECT_EQ(splitter->PaneWidth(), 0) << "a closed pane stays so";
+    focus(u"txtUno");
+    key(target(u"txtUno"), Qt::Key_Right, Qt::AltModifier);
+    EXPECT_EQ(splitter->PaneWidth(), 0);
+  });
+}
+
 }  // namespace ovalia::desktop

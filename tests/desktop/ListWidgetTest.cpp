@@ -1,4 +1,6 @@
+#include <QClipboard>
 #include <QContextMenuEvent>
+#include <QDrag>
 #include <QListWidget>
 #include <QMimeData>
 #include <QUrl>
@@ -96,6 +98,98 @@ TEST_F(DocumentListWidget, the_arrows_select_and_the_menu_key_is_a_right_click_o
     QContextMenuEvent menu(QContextMenuEvent::Keyboard, QPoint(), QPoint());
     QApplication::sendEvent(list, &menu);
     EXPECT_THAT(form->log, ElementsAre("ItemClick LsvDocu", "MouseUp 2"));
+    form->forget();
+    key(list, Qt::Key_F10, Qt::ShiftModifier);
+    EXPECT_THAT(form->log, ElementsAre("ItemClick LsvDocu", "MouseUp 2"));
+  });
+}
+
+TEST_F(DocumentListWidget, entered_by_the_keyboard_with_nothing_selected_the_first_arrow_selects) {
+  up([&] {
+    key(list, Qt::Key_Down);
+    EXPECT_EQ(model->selectedIndex(), 1);
+    key(list, Qt::Key_Down);
+    EXPECT_EQ(model->selectedIndex(), 2);
+    EXPECT_THAT(form->log, ElementsAre("ItemClick LsvDocu", "ItemClick LsvDocu"));
+    model->Clear();
+    model->Add({u"solo.doc", u"solo.doc", u"doc"});
+    key(list, Qt::Key_Up);
+    EXPECT_EQ(model->selectedIndex(), 1) << "the only one too";
+    EXPECT_TRUE(list->item(0)->isSelected());
+  });
+}
+
+TEST_F(DocumentListWidget, letters_go_to_the_name_that_begins_with_them) {
+  up([&] {
+    typeText(list, QStringLiteral("tr"));
+    EXPECT_EQ(model->selectedIndex(), 3);
+  });
+}
+
+TEST_F(DocumentListWidget, enter_opens_delete_removes_and_ctrl_c_copies_what_is_selected) {
+  up([&] {
+    const auto pressed = [&](int code, Qt::KeyboardModifiers modifiers = {}, const QString& text = {}) {
+      form->forget();
+      key(list, code, modifiers, text);
+      return form->log;
+    };
+    model->select(1);
+    EXPECT_THAT(pressed(Qt::Key_Return, {}, "\r"), ElementsAre("Tool ID_mnuDocumentos", "Tool ID_Abrir"));
+    EXPECT_THAT(pressed(Qt::Key_Enter, Qt::KeypadModifier),
+                ElementsAre("Tool ID_mnuDocumentos", "Tool ID_Abrir"));
+    EXPECT_THAT(pressed(Qt::Key_Delete), ElementsAre("Tool ID_mnuDocumentos", "Tool ID_Quitar"));
+    QApplication::clipboard()->setText("antes");
+    EXPECT_THAT(pressed(Qt::Key_C, Qt::ControlModifier),
+                ElementsAre("Tool ID_mnuDocumentos", "Tool ID_Copiar"));
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("antes")) << "not the name as a text";
+    EXPECT_THAT(pressed(Qt::Key_Return, Qt::ShiftModifier, "\r"), ElementsAre("ShiftEnter LsvDocu"));
+    form->toolbars().tool(u"ID_Quitar")->setEnabled(false);
+    EXPECT_THAT(pressed(Qt::Key_Delete), ElementsAre("Tool ID_mnuDocumentos"));
+  });
+}
+
+TEST_F(DocumentListWidget, a_key_that_is_held_down_opens_once) {
+  up([&] {
+    model->select(1);
+    QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, {}, "\r", true);
+    QApplication::sendEvent(list, &held);
+    EXPECT_EQ(form->count("Tool ID_Abrir"), 0);
+  });
+}
+
+TEST_F(DocumentListWidget, f2_without_a_selection_renames_the_first) {
+  up([&] {
+    key(list, Qt::Key_F2);
+    EXPECT_EQ(model->selectedIndex(), 1);
+    auto* editor = list->viewport()->findChild<QLineEdit*>();
+    ASSERT_TRUE(editor);
+    EXPECT_EQ(editor->text(), QStringLiteral("uno.doc"));
+    key(editor, Qt::Key_Escape, {}, "\x1b");
+  });
+}
+
+TEST_F(DocumentListWidget, a_name_that_is_not_taken_shows_again_as_it_was) {
+  up([&] {
+    model->select(1);
+    list->item(1)->setText(QStringLiteral("otro"));  // not the selected one
+    EXPECT_EQ(list->item(1)->text(), QStringLiteral("dos.txt"));
+  });
+}
+
+TEST_F(DocumentListWidget, the_whole_name_is_its_tip_to_the_letter) {
+  up([&] {
+    model->Add({u"4.doc", u"<b>Contrato</b> de arras.doc", u"doc"});
+    EXPECT_EQ(list->item(0)->toolTip(), QStringLiteral("uno.doc"));
+    EXPECT_EQ(list->item(3)->toolTip(), QStringLiteral("&lt;b&gt;Contrato&lt;/b&gt; de arras.doc"));
+  });
+}
+
+TEST_F(DocumentListWidget, hides_and_the_focus_of_form_and_window_goes_on_together) {
+  up([&] {
+    EXPECT_TRUE(list->hasFocus());
+    model->setVisible(false);
+    EXPECT_EQ(active(*form), u"txtUno");
+    EXPECT_TRUE(target(*form, u"txtUno")->hasFocus());
   });
 }
 
@@ -157,6 +251,24 @@ TEST_F(DocumentListWidget, has_three_views) {
   });
 }
 
+TEST_F(DocumentListWidget, no_view_lets_a_long_name_run_beyond_its_column) {
+  up([&] {
+    model->Add({u"4.doc", u"Contrato de arrendamiento de la vivienda de la calle Bailén 12.doc", u"doc"});
+    for (const int view : {forms::ListView::lvwIcon, forms::ListView::lvwSmallIcon, forms::ListView::lvwList})
+      for (const double width : {1500.0, 2250.0, 4500.0}) {
+        model->setView(view);
+        form->as<forms::Splitter>(u"splitDocumentos")->setPaneWidth(width);
+        list->doItemsLayout();
+        const QRect place = list->visualItemRect(list->item(3));
+        EXPECT_LE(place.width(), list->viewport()->width()) << view << " " << width;
+        EXPECT_LT(list->visualItemRect(list->item(0)).top(), list->fontMetrics().height())
+            << "no row left empty";
+        for (int other = 0; other < 3; ++other)
+          EXPECT_FALSE(place.intersects(list->visualItemRect(list->item(other)))) << view << " " << width;
+      }
+  });
+}
+
 // Sends the events of a drag: without a screen no real one moves.
 class Drag : public DocumentListWidget {
  protected:
@@ -169,6 +281,35 @@ class Drag : public DocumentListWidget {
     QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, {});
     QApplication::sendEvent(over, &drop);
     return true;
+  }
+  // The drags that the program starts; each ends at once. A child is no drag yet when it is added.
+  class Departures : public QObject {
+   public:
+    Departures() { qApp->installEventFilter(this); }
+    std::vector<QDrag*> drags() const {
+      std::vector<QDrag*> found;
+      for (QObject* child : added_)
+        if (auto* drag = qobject_cast<QDrag*>(child)) found.push_back(drag);
+      return found;
+    }
+    bool eventFilter(QObject*, QEvent* event) override {
+      if (event->type() == QEvent::ChildAdded) added_.emplace_back(static_cast<QChildEvent*>(event)->child());
+      return false;
+    }
+
+   private:
+    std::vector<QPointer<QObject>> added_;
+  };
+  // Presses an item and moves off with it.
+  void pull(int row) {
+    const QPoint from = at(row);
+    QTest::mousePress(list->viewport(), Qt::LeftButton, {}, from);
+    for (int step = 1; step <= 3; ++step) {
+      const QPoint to = from + QPoint(step * QApplication::startDragDistance(), 0);
+      QMouseEvent move(QEvent::MouseMove, to, list->viewport()->mapToGlobal(to), Qt::NoButton, Qt::LeftButton,
+                       {});
+      QApplication::sendEvent(list->viewport(), &move);
+    }
   }
   static void setFiles(QMimeData& data) {
     data.setUrls({QUrl::fromLocalFile("/datos/Año 1.doc"), QUrl("https://example.org/x"),
@@ -202,14 +343,56 @@ TEST_F(Drag, an_effect_of_nothing_refuses_the_drop) {
   });
 }
 
-TEST_F(Drag, text_goes_into_the_notes_and_not_onto_the_list) {
+TEST_F(Drag, text_addresses_of_other_machines_and_what_may_only_be_moved_are_refused_everywhere) {
   up([&] {
-    QMimeData data;
-    data.setText(QStringLiteral("hola"));
-    EXPECT_FALSE(drag(list->viewport(), data));
-    form->userFocuses(*form->control(u"txtNotas"));
-    EXPECT_TRUE(drag(static_cast<QAbstractScrollArea*>(target(*form, u"txtNotas"))->viewport(), data));
-    EXPECT_EQ(form->control(u"txtNotas")->get(u"").text(), u"hola");
+    QMimeData text, remote, files;
+    text.setText(QStringLiteral("hola"));
+    remote.setUrls({QUrl("https://example.org/plano.pdf")});
+    remote.setText(QStringLiteral("https://example.org/plano.pdf"));
+    setFiles(files);
+    auto* notes = static_cast<QAbstractScrollArea*>(target(*form, u"txtNotas"))->viewport();
+    for (QWidget* over : {list->viewport(), notes}) {
+      EXPECT_FALSE(drag(over, text));
+      EXPECT_FALSE(drag(over, remote));
+      QDragEnterEvent moved(QPoint(5, 5), Qt::MoveAction, &files, Qt::LeftButton, {});
+      QApplication::sendEvent(over, &moved);
+      EXPECT_FALSE(moved.isAccepted());
+    }
+    EXPECT_THAT(form->log, IsEmpty());
+    EXPECT_EQ(form->control(u"txtNotas")->get(u"").text(), u"");
+    for (const TextView box : {u"txtUno", u"cboLibre", u"dtpFecha"})
+      EXPECT_FALSE(target(*form, box)->acceptDrops()) << toUtf8(box);
+  });
+}
+
+TEST_F(Drag, a_document_leaves_as_a_copy_under_the_name_shown_and_not_as_the_stored_file) {
+  QTemporaryDir folder;
+  QDir(folder.path()).mkdir("Brenox");
+  here.files.temporary = logicPath(fromQt(folder.path())) + u"\\";
+  QFile stored(folder.filePath("4073F00.doc"));
+  ASSERT_TRUE(stored.open(QFile::WriteOnly));
+  stored.close();
+  form->leaving = logicPath(fromQt(stored.fileName()));
+  up([&] {
+    Departures departures;
+    pull(1);
+    const auto drags = departures.drags();
+    ASSERT_EQ(drags.size(), 1u);
+    EXPECT_EQ(model->selectedIndex(), 2);
+    EXPECT_THAT(form->log, ElementsAre("ItemClick LsvDocu", "DragOut 2"));
+    EXPECT_EQ(drags[0]->supportedActions(), Qt::CopyAction);
+    EXPECT_FALSE(drags[0]->pixmap().isNull());
+    ASSERT_EQ(drags[0]->mimeData()->urls().size(), 1);
+    EXPECT_EQ(drags[0]->mimeData()->urls()[0].fileName(), QStringLiteral("dos.txt"));
+  });
+}
+
+TEST_F(Drag, nothing_leaves_where_the_form_knows_no_file) {
+  up([&] {
+    Departures departures;
+    pull(0);
+    EXPECT_THAT(form->log, ElementsAre("ItemClick LsvDocu", "DragOut 1"));
+    EXPECT_THAT(departures.drags(), IsEmpty());
   });
 }
 

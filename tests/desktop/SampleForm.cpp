@@ -88,5 +88,9 @@ void SampleForm::onDragDrop(Control& control, const ObjectRef& data) {
     dropped.push_back(getMember(data, u"Files", {i}).toText());
   note("Drop" + nameOf(control));
 }
+void SampleForm::onDragOut(forms::ListView& list, Text& path) {
+  note("DragOut " + std::to_string(list.selectedIndex()));
+  path = leaving;
+}
 
 }  // namespace ovalia::desktop

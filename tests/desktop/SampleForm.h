@@ -21,6 +21,7 @@ class SampleForm : public forms::Form {
   std::function<void(const std::string&)> on;    // after each note
   std::vector<Text> dropped;
   std::int32_t dragEffect = 1;
+  Text leaving;  // the file that a drag takes out
 
   int count(const std::string& entry) const;
   void forget() { log.clear(); }
@@ -37,6 +38,7 @@ class SampleForm : public forms::Form {
   void onLabelEdit(forms::ListView& list, TextView text) override;
   void onDragOver(forms::Control& control, const ObjectRef& data, std::int32_t& effect) override;
   void onDragDrop(forms::Control& control, const ObjectRef& data) override;
+  void onDragOut(forms::ListView& list, Text& path) override;
 
  private:
   void note(const std::string& entry);

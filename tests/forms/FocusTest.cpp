@@ -81,6 +81,51 @@ TEST_F(Focus, a_refused_check_keeps_a_button_from_being_clicked) {
   });
 }
 
+TEST_F(Focus, goes_to_the_next_in_the_tab_order_when_its_control_is_hidden_or_disabled_and_checks_nothing) {
+  shown(frmNota(), [&](Card& card) {
+    user.enters(u"LsvDocu");
+    EXPECT_EQ(card.raisedBy([&] { card.control(u"LsvDocu")->setVisible(false); }), Names{u"CogerFoco"});
+    EXPECT_EQ(card.ActiveControl()->Name(), u"txtAsunto") << "the list is the last one";
+    EXPECT_EQ(desk.focused.back(), u"txtAsunto");
+    EXPECT_EQ(card.raisedBy([&] { card.control(u"txtAsunto")->setEnabled(false); }), Names{u"CogerFoco"});
+    EXPECT_EQ(card.ActiveControl()->Name(), u"cboAcceso");
+    card.control(u"LsvDocu")->setVisible(true);
+    card.control(u"txtCategorias")->setEnabled(false);
+    EXPECT_EQ(card.ActiveControl()->Name(), u"cboAcceso") << "nothing that has it not";
+  });
+}
+
+TEST_F(Focus, stays_with_a_control_that_is_hidden_and_shown_again_before_the_handler_ends) {
+  shown(frmNota(), [&](Card& card) {
+    user.enters(u"LsvDocu");
+    bool seen = false;
+    card.Menu.connect([&](Text&, Text& id) {
+      card.control(u"LsvDocu")->setVisible(false);
+      EXPECT_EQ(card.ActiveControl()->Name(), u"LsvDocu");
+      if (id == u"ID_Guardar") card.control(u"LsvDocu")->setVisible(true);
+      seen = true;
+    });
+    user.clicks(u"ID_Guardar");
+    EXPECT_TRUE(seen);
+    EXPECT_EQ(card.ActiveControl()->Name(), u"LsvDocu");
+    user.clicks(u"ID_Buscar");
+    EXPECT_EQ(card.ActiveControl()->Name(), u"txtAsunto");
+  });
+}
+
+TEST_F(Focus, leaves_a_control_that_a_search_has_hidden_when_the_card_is_on_what_was_found) {
+  shown(frmNota(), [&](Card& card) {
+    user.enters(u"LsvDocu");
+    card.BuscaElemento.connect(
+        [&](std::int16_t&, Text&, bool&) { card.control(u"LsvDocu")->setVisible(false); });
+    card.Menu.connect([&](Text&, Text&) {
+      card.BuscarElemento(1, u"x");
+      EXPECT_EQ(card.ActiveControl()->Name(), u"txtAsunto") << "the search goes on";
+    });
+    user.clicks(u"ID_Buscar");
+  });
+}
+
 TEST_F(Focus, is_neither_taken_nor_checked_by_tools_and_menus) {
   shown(frmNota(), [&](Card& card) {
     EXPECT_EQ(card.raisedBy([&] {

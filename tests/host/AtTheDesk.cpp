@@ -17,7 +17,7 @@ namespace ovalia::host {
 
 namespace {
 
-constexpr int patienceMilliseconds = 20000, again = 50;
+constexpr int patienceMilliseconds = 60000, again = 50;
 
 // The window that was in use is so again when a dialog over it has closed: a window manager sees to that.
 class ComingBack {
