@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "desktop/FoldedText.h"
 #include "desktop/QtText.h"
 #include "desktop/Scale.h"
 #include "platform/Platform.h"
@@ -22,14 +23,6 @@ constexpr double lowest = 4800;
 constexpr int exclamation = 48;
 constexpr int yesNoQuestionNo = 4 + 32 + 256;
 constexpr int yes = 6;
-
-// Letters alone: no case, no accents.
-QString folded(const QString& text) {
-  QString plain;
-  for (const QChar c : text.normalized(QString::NormalizationForm_KD))
-    if (!c.isMark()) plain += c;
-  return plain.toCaseFolded();
-}
 
 }  // namespace
 

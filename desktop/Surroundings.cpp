@@ -16,6 +16,7 @@
 #include "desktop/QtText.h"
 #include "desktop/SearchDialog.h"
 #include "desktop/SearchDialogObject.h"
+#include "desktop/TemplatePicker.h"
 #include "system/SystemClock.h"
 
 namespace ovalia::desktop {
@@ -66,6 +67,7 @@ Surroundings::Surroundings(AppInfo app) : parts_(std::make_unique<Parts>()) {
   parts.objects.add(u"ZipLibrary.CGZipFiles", makeArchiver);
   parts.objects.add(u"Zandrel.CZandrel", [] { return makeMailer(); });
   parts.objects.add(u"Trivane.CTrivane", makePickList);
+  parts.objects.add(u"Perlaz.CPerlaz", makeTemplatePicker);
   parts.objects.add(u"Mosken.CMosken",
                     [wish = std::make_shared<SearchWish>()] { return makeSearchDialog(wish); });
   installViews();

@@ -16,9 +16,10 @@ struct HostForms {
 };
 
 // This thread's platform on the desktop, for as long as it lives: boxes, settings, files, clipboard, trash
-// and clock of the user who runs the program; the archiver, the mailer, the pick list and the search dialog
-// under their class names; cards drawn as windows; the toolkit speaking Spanish. Makes the toolkit's
-// application object when the program has none. The thread is the one that runs the windows.
+// and clock of the user who runs the program; the archiver, the mailer, the pick list, the search dialog and
+// the chooser of templates under their class names; cards drawn as windows; the toolkit speaking Spanish.
+// Makes the toolkit's application object when the program has none. The thread is the one that runs the
+// windows.
 class Surroundings {
  public:
   // `app.path` is the program's folder when it is empty.

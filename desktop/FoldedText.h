@@ -1,0 +1,10 @@
+#pragma once
+
+#include <QString>
+
+namespace ovalia::desktop {
+
+// Letters alone, for searching: no case, no accents.
+QString folded(const QString& text);
+
+}  // namespace ovalia::desktop
