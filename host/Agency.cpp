@@ -108,11 +108,14 @@ Text knownUser(dao::Database& database, TextView user) {
 }  // namespace
 
 Text usage() {
-  return u"Uso: agencia [--database FICHERO] [--annotations N] [--tour CARPETA]\n"
+  return u"Uso: agencia [--database FICHERO] [--annotations N] [--tour CARPETA] [--check-template FICHERO]\n"
          u"  --database FICHERO   base de datos; si falta, la de su carpeta de datos\n"
          u"  --annotations N      crea la base de datos con N anotaciones de ejemplo\n"
          u"  --tour CARPETA       hace un recorrido sobre una copia de la base de datos y deja imágenes y "
-         u"transcripción en la carpeta\n";
+         u"transcripción en la carpeta\n"
+         u"  --check-template FICHERO   dice qué marcadores de una plantilla se rellenan y cuáles no se "
+         u"conocen; "
+         u"termina con 1 si no está bien\n";
 }
 
 StartOptions parseOptions(std::span<const std::string> arguments) {
@@ -123,13 +126,14 @@ StartOptions parseOptions(std::span<const std::string> arguments) {
       options.help = true;
       continue;
     }
-    if (name != "--database" && name != "--annotations" && name != "--tour")
+    if (name != "--database" && name != "--annotations" && name != "--tour" && name != "--check-template")
       throw StartFailure(u"Opción desconocida: " + fromUtf8(name) + u"\n" + usage());
     if (++i == arguments.size() || arguments[i].empty())
       throw StartFailure(u"Falta el valor de la opción " + fromUtf8(name) + u".");
     if (name == "--database") options.database = arguments[i];
     if (name == "--annotations") options.annotations = countFrom(arguments[i]);
     if (name == "--tour") options.tour = arguments[i];
+    if (name == "--check-template") options.templateToCheck = arguments[i];
   }
   return options;
 }

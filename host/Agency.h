@@ -18,11 +18,12 @@ class StartFailure : public std::runtime_error {
   const Text message;
 };
 
-// The command line: agencia [--database FILE] [--annotations N] [--tour FOLDER]
+// The command line: agencia [--database FILE] [--annotations N] [--tour FOLDER] [--check-template FILE]
 struct StartOptions {
   std::optional<std::filesystem::path> database;
   std::optional<int> annotations;
   std::optional<std::filesystem::path> tour;
+  std::optional<std::filesystem::path> templateToCheck;
   bool help = false;
 };
 

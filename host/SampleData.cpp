@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <iterator>
 
 #include "host/SampleParts.h"
+#include "host/SampleTemplates.h"
 
 namespace ovalia::host {
 
@@ -253,6 +255,7 @@ std::vector<SampleFile> sampleFiles() {
     files.push_back({u"Doc0\\" + Text(a.stored), a.content});
   for (const Model& m : models)
     files.push_back({u"Plantillas\\" + Text(m.name), toUtf8(m.name) + "\r\n" + toUtf8(m.notes) + "\r\n"});
+  std::ranges::move(sampleTemplates(), std::back_inserter(files));
   return files;
 }
 

@@ -27,7 +27,7 @@ inline constexpr int deletedSalesperson = 99;  // a number that no user has
 // first case file and the first user have some of every kind that they can have.
 void makeSample(RowSink& sink, int annotations);
 
-// The documents that the sample's attachment rows and models name.
+// The documents that the sample's attachment rows and models name, and its templates.
 struct SampleFile {
   Text path;  // under the user's data folder, "\"-separated
   std::string content;

@@ -3,10 +3,12 @@
 
 #include "component/CNota.h"
 #include "desktop/Surroundings.h"
+#include "desktop/TemplatePicking.h"
 #include "host/Application.h"
 #include "host/MainWindow.h"
 #include "host/PlaceMemory.h"
 #include "host/QtDialogs.h"
+#include "host/TemplateCheck.h"
 #include "host/Tour.h"
 
 namespace {
@@ -34,6 +36,12 @@ void leaveOutScreenWarnings() {
   });
 }
 
+int tellOfTemplate(const std::filesystem::path& file) {
+  const TemplateReport report = checkTemplate(file);
+  std::cout << toUtf8(report.text);
+  return report.good ? 0 : failed;
+}
+
 // A tour works on a copy: it writes.
 Agency chosenAgency(const StartOptions& options, Platform& platform) {
   const auto file = prepareDatabase(options);
@@ -50,6 +58,7 @@ int run(const StartOptions& options, desktop::Surroundings& here) {
   CNota::PathDB(fromUtf8(file.native()));
   CNota::ErrLogPath(fromUtf8((file.parent_path() / "ErrLog[_].txt").native()));
 
+  desktop::TemplatePicking::current().describe = [](TextView file) { return templateSummary(toUtf8(file)); };
   MainWindow window(workplace);
   here.setHostForms({[&window] { return window.activeForm(); },
                      [&window] {
@@ -86,6 +95,7 @@ int main(int argc, char** argv) {
     std::cout << toUtf8(usage());
     return 0;
   }
+  if (options.templateToCheck) return tellOfTemplate(*options.templateToCheck);
   // A tour needs no screen.
   if ((options.tour || !hasScreen()) && !std::getenv("QT_QPA_PLATFORM"))
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
