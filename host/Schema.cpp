@@ -210,12 +210,13 @@ Text createTable(const Table& made) {
   return sql + u")";
 }
 
-Text createIndex(TextView tableName, std::initializer_list<TextView> columns) {
+// Texts are compared by the user's alphabet, which an index of them has to be in to be used.
+Text createIndex(TextView tableName, std::initializer_list<TextView> columns, TextView order = {}) {
   Text name = Text(tableName), list;
   for (TextView column : columns) {
     name.append(column);
     if (!list.empty()) list += u", ";
-    list.append(column);
+    list.append(column).append(order);
   }
   return u"CREATE INDEX " + name + u" ON " + Text(tableName) + u" (" + list + u")";
 }
@@ -291,6 +292,7 @@ std::vector<Text> createStatements() {
     if (row.attachments.empty()) continue;
     statements.push_back(createIndex(row.attachments, {u"IdNota"}));
     statements.push_back(createIndex(row.attachments, {u"Id"}));
+    statements.push_back(createIndex(row.attachments, {u"NombreArch"}, u" COLLATE es"));
   }
   statements.push_back(createIndex(u"VisitaIP", {u"IdUsu"}));
   statements.push_back(createIndex(u"NotaIP", {u"IdUsuarioAviso"}));

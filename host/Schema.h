@@ -56,9 +56,9 @@ struct Table {
 const std::vector<Table>& schema();
 const Table& table(TextView name);
 
-// CREATE TABLE and CREATE INDEX statements for SQLite, in the order in which they can run. A key is never
-// given twice. People who attended a visit are not references: a salesperson may be deleted and the visit
-// stays.
+// CREATE TABLE and CREATE INDEX statements for SQLite, in the order in which they can run. They need the
+// engine's collation, as every connection does that writes rows of attachments. A key is never given twice.
+// People who attended a visit are not references: a salesperson may be deleted and the visit stays.
 std::vector<Text> createStatements();
 
 }  // namespace ovalia::host

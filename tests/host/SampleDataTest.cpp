@@ -5,6 +5,7 @@
 
 #include <map>
 
+#include "engines/sqlite/Collation.h"
 #include "host/BulkFile.h"
 #include "tests/host/HostTest.h"
 
@@ -87,13 +88,14 @@ TEST(SampleRows, are_of_every_kind_from_the_usual_number_on) {
 TEST_F(SampleData, keeps_every_reference_and_every_index_in_order) {
   sqlite3* file = nullptr;
   ASSERT_EQ(sqlite3_open(workplace.agency.file.c_str(), &file), SQLITE_OK);
+  engines::sqlite::addCollation(file);
   int broken = 0;
   const auto countRow = [](void* counter, int, char** values, char**) {
     if (!values[0] || std::string_view(values[0]) != "ok") ++*static_cast<int*>(counter);
     return 0;
   };
-  sqlite3_exec(file, "PRAGMA foreign_key_check", countRow, &broken, nullptr);
-  sqlite3_exec(file, "PRAGMA integrity_check", countRow, &broken, nullptr);
+  EXPECT_EQ(sqlite3_exec(file, "PRAGMA foreign_key_check", countRow, &broken, nullptr), SQLITE_OK);
+  EXPECT_EQ(sqlite3_exec(file, "PRAGMA integrity_check", countRow, &broken, nullptr), SQLITE_OK);
   sqlite3_close(file);
   EXPECT_EQ(broken, 0);
 }

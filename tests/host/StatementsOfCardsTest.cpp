@@ -9,17 +9,7 @@ namespace ovalia::host {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-using Shapes = std::vector<std::string>;
-
 namespace {
-
-// "SELECT NotaIP", "UPDATE NotaIP", "PRAGMA schema_version": what is done to which table.
-std::string shapeOf(const std::string& statement) {
-  const std::string verb = statement.substr(0, statement.find(' '));
-  const std::string before = verb == "SELECT" ? " FROM " : " ";
-  const std::size_t from = statement.find_first_not_of('(', statement.find(before) + before.size());
-  return verb + " " + statement.substr(from, statement.find(' ', from) - from);
-}
 
 Shapes joined(Shapes first, const Shapes& more) {
   first.insert(first.end(), more.begin(), more.end());
@@ -54,19 +44,6 @@ const KindRow kinds[] = {
 // How often a card asks the engine.
 class StatementsOfCards : public StatementTrace, public CardsOverAgency {
  protected:
-  Shapes asked() {
-    Shapes shapes;
-    for (const std::string& statement : taken()) shapes.push_back(shapeOf(statement));
-    return shapes;
-  }
-
-  // The same without the looks at whether a definition has changed, one at most after each write.
-  Shapes askedForRows() {
-    Shapes shapes = asked();
-    std::erase(shapes, "PRAGMA schema_version");
-    return shapes;
-  }
-
   std::size_t rows(TextView table) {
     return static_cast<std::size_t>(one(u"SELECT Count(*) FROM " + Text(table)).toLong());
   }
