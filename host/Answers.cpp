@@ -115,10 +115,25 @@ void answerRows(CNota& nota, AnnotationList& list) {
   });
 }
 
-void openDocument(Workplace& workplace, const Text& document) {
+// What the card calls a document; its own name where it is no attachment.
+Text shownName(Workplace& workplace, AnnotationList& list, const Text& document) {
+  Text stored(document.substr(document.rfind(u'\\') + 1));
+  const TextView table = list.annotations().attachments;
+  if (table.empty()) return stored;
+  const auto rows = workplace.agency.database->OpenRecordset(
+      u"SELECT NombreOrg FROM " + Text(table) + u" WHERE NombreArch = " + literal(stored),
+      dao::dbOpenSnapshot);
+  const Text shown = rows->isEOF() ? Text() : rows->value(u"NombreOrg").text();
+  return shown.empty() ? stored : shown;
+}
+
+void openDocument(Workplace& workplace, AnnotationList& list, const Text& document) {
+  const Text name = shownName(workplace, list, document);
   const Text path = nativePath(document);
-  if (!workplace.dialogs.openFile(path))
-    workplace.dialogs.tell(u"Documento", u"No hay ningún programa para abrir " + path + u".");
+  if (workplace.dialogs.openFile(path, name)) return;
+  workplace.dialogs.tell(
+      u"Documento", u"No hay ningún programa para abrir «" + name +
+                        u"»: instale uno para esa clase de documentos.\nEl fichero está en " + path + u".");
 }
 
 // There is no word processor to merge with. A document that is to be kept becomes a copy of its template, so
@@ -138,8 +153,8 @@ void makeDocument(Workplace& workplace, const Text& document, const Text& model)
       u"ningún procesador de textos conectado.");
 }
 
-void answerDocuments(CNota& nota, Workplace& workplace) {
-  nota.AbrirDoc.connect([&workplace](Text& document) { openDocument(workplace, document); });
+void answerDocuments(CNota& nota, AnnotationList& list, Workplace& workplace) {
+  nota.AbrirDoc.connect([&](Text& document) { openDocument(workplace, list, document); });
   nota.NuevoDoc.connect(
       [&workplace](Text& document, Text& model, ObjectRef&) { makeDocument(workplace, document, model); });
   // Nothing to write into: NuevoDoc has told the user.
@@ -210,7 +225,7 @@ void connectAnswers(CNota& nota, AnnotationList& list, Workplace& workplace) {
   answerValues(nota, workplace);
   answerChoices(nota, workplace);
   answerRows(nota, list);
-  answerDocuments(nota, workplace);
+  answerDocuments(nota, list, workplace);
   answerExports(nota, list, workplace);
 }
 

@@ -36,9 +36,10 @@ class Dialogs {
   virtual Text saveFile(const FileQuestion& question) = 0;
   virtual bool choosePrinter() = 0;  // false when the user cancels
 
-  // The desktop's program for a file in the system's own form, or for a web or mail address; false when it
-  // has none.
-  virtual bool openFile(TextView nativePath) = 0;
+  // The desktop's program for what a file holds, or for a web or mail address; false when it has none. The
+  // path is in the system's own form, `shownName` what its user calls the file. The program works on the file
+  // itself, so that what is saved there stays.
+  virtual bool openFile(TextView nativePath, TextView shownName) = 0;
   virtual bool openAddress(TextView address) = 0;
 };
 

@@ -4,11 +4,14 @@
 #include <QDesktopServices>
 #include <QDir>
 #include <QFileDialog>
+#include <QPointer>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QStandardPaths>
 #include <QUrl>
 
+#include "desktop/DesktopPrograms.h"
+#include "desktop/DialogOwner.h"
 #include "desktop/Progress.h"
 #include "desktop/QtText.h"
 #include "host/PickDialog.h"
@@ -25,11 +28,6 @@ constexpr int question = 32, warning = 48;
 constexpr int yesNo = 4, yesNoCancelButtons = 3;
 constexpr int yes = 6;
 
-QWidget* topWindow() {
-  QWidget* modal = QApplication::activeModalWidget();
-  return modal ? modal : QApplication::activeWindow();
-}
-
 QStringList toQtList(std::span<const Text> names) {
   QStringList list;
   for (const Text& name : names) list += toQt(name);
@@ -38,9 +36,13 @@ QStringList toQtList(std::span<const Text> names) {
 
 std::optional<QStringList> pick(TextView title, std::span<const Text> names, const QStringList& chosen,
                                 bool several) {
-  PickDialog dialog(toQt(title), toQtList(names), chosen, several, topWindow());
-  if (dialog.exec() != QDialog::Accepted) return {};
-  return dialog.chosen();
+  const QPointer<PickDialog> dialog =
+      new PickDialog(toQt(title), toQtList(names), chosen, several, desktop::dialogOwner());
+  const bool accepted = dialog->exec() == QDialog::Accepted && dialog;
+  std::optional<QStringList> picked;
+  if (accepted) picked = dialog->chosen();
+  delete dialog;
+  return picked;
 }
 
 // The folder asked for, or the user's documents where there is no such folder.
@@ -87,7 +89,7 @@ int QtDialogs::yesNoCancel(TextView title, TextView message) {
 }
 
 std::vector<Text> QtDialogs::openFiles(const FileQuestion& asked) {
-  QFileDialog dialog(topWindow());
+  QFileDialog dialog(desktop::dialogOwner());
   prepare(dialog, asked);
   dialog.setFileMode(asked.several ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
   std::vector<Text> paths;
@@ -98,7 +100,7 @@ std::vector<Text> QtDialogs::openFiles(const FileQuestion& asked) {
 }
 
 Text QtDialogs::saveFile(const FileQuestion& asked) {
-  QFileDialog dialog(topWindow());
+  QFileDialog dialog(desktop::dialogOwner());
   prepare(dialog, asked);
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setFileMode(QFileDialog::AnyFile);
@@ -108,11 +110,11 @@ Text QtDialogs::saveFile(const FileQuestion& asked) {
 
 bool QtDialogs::choosePrinter() {
   QPrinter printer;
-  return QPrintDialog(&printer, topWindow()).exec() == QDialog::Accepted;
+  return QPrintDialog(&printer, desktop::dialogOwner()).exec() == QDialog::Accepted;
 }
 
-bool QtDialogs::openFile(TextView nativePath) {
-  return QDesktopServices::openUrl(QUrl::fromLocalFile(toQt(nativePath)));
+bool QtDialogs::openFile(TextView nativePath, TextView shownName) {
+  return desktop::openDocument(toQt(nativePath), toQt(shownName));
 }
 
 bool QtDialogs::openAddress(TextView address) {

@@ -16,7 +16,7 @@ class QtDialogs : public Dialogs {
   std::vector<Text> openFiles(const FileQuestion& question) override;
   Text saveFile(const FileQuestion& question) override;
   bool choosePrinter() override;
-  bool openFile(TextView nativePath) override;
+  bool openFile(TextView nativePath, TextView shownName) override;
   bool openAddress(TextView address) override;
 };
 

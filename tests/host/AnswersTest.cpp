@@ -202,9 +202,24 @@ TEST_F(Answers, a_document_opens_in_the_systems_form_of_its_path) {
   Text document = u"\\srv\\agencia\\Doc0\\\\1F00.txt";
   nota().AbrirDoc(document);
   EXPECT_EQ(dialogs.opened, (std::vector<Text>{nativePath(document)}));
+}
+
+TEST_F(Answers, a_document_opens_as_what_the_card_calls_it_and_without_a_program_the_user_is_told) {
+  database().Execute(
+      u"INSERT INTO DocuVisitaIP (Id, IdAgencia, IdNota, NombreOrg, NombreArch) "
+      u"SELECT 1, 1, Max(IdVisita), 'Plano d''obra.jpeg', '1F900.doc' FROM VisitaIP");
+  Text document = u"\\srv\\agencia\\Doc0\\1F900.doc", other = u"\\srv\\Plantillas\\carta.dot";
+  nota().AbrirDoc(document);
+  EXPECT_EQ(dialogs.openedAs, u"Plano d'obra.jpeg");
+  nota().AbrirDoc(other);
+  EXPECT_EQ(dialogs.openedAs, u"carta.dot");
   dialogs.opens = false;
   nota().AbrirDoc(document);
-  EXPECT_EQ(dialogs.told.size(), 1u);
+  ASSERT_EQ(dialogs.told.size(), 1u);
+  EXPECT_EQ(
+      dialogs.told[0],
+      u"Documento: No hay ningún programa para abrir «Plano d'obra.jpeg»: instale uno para esa clase de "
+      u"documentos.\nEl fichero está en /srv/agencia/Doc0/1F900.doc.");
 }
 
 TEST_F(Answers, a_document_from_a_template_is_a_copy_of_it_until_there_is_a_word_processor) {

@@ -57,8 +57,9 @@ Text ReadyDialogs::saveFile(const FileQuestion& asked_) {
   return chosen ? chosen->front() : Text();
 }
 
-bool ReadyDialogs::openFile(TextView nativePath) {
+bool ReadyDialogs::openFile(TextView nativePath, TextView shownName) {
   opened.emplace_back(nativePath);
+  openedAs = shownName;
   return opens;
 }
 

@@ -27,6 +27,7 @@ class ReadyDialogs : public Dialogs {
   std::vector<Text> told;     // "title: message"
   std::vector<Text> asked;    // "title: question"
   std::vector<Text> opened;   // files and addresses
+  Text openedAs;              // what the last file is shown by
   FileQuestion question;      // the last one about files
 
   std::optional<Text> pickOne(TextView title, std::span<const Text> names, TextView now) override;
@@ -38,7 +39,7 @@ class ReadyDialogs : public Dialogs {
   std::vector<Text> openFiles(const FileQuestion& asked) override;
   Text saveFile(const FileQuestion& asked) override;
   bool choosePrinter() override { return printerChosen; }
-  bool openFile(TextView nativePath) override;
+  bool openFile(TextView nativePath, TextView shownName) override;
   bool openAddress(TextView address) override;
 };
 
