@@ -68,17 +68,17 @@ constexpr ListColumn projectColumns[] = {{u"Nombre", u"Nombre", 40}, {u"Poblacio
 
 constexpr HostForm designs[] = {
     {u"FichaInm", u"ListaInm", u"Inmueble", u"IdInm", u"Inmueble: ", u"Inmueble", u"&Inmuebles",
-     u"Referencia", u"Direccion",
+     u"Referencia", u"Direccion", u"IdPropietario", u"Direccion",
      u"(Inmueble LEFT JOIN Cliente ON Inmueble.IdPropietario = Cliente.IdCliente) "
      u"LEFT JOIN Usuario ON Inmueble.IdUsuario = Usuario.IdUsuario",
      u"Cliente.Alias AS Propietario, Usuario.Nombre AS Captador",
      u"Inmueble.Referencia,Inmueble.Direccion,Inmueble.Poblacion,Inmueble.TipoInm,Cliente.Alias",
      propertyFields, propertyColumns},
     {u"FichaUsuario", u"ListaUsuario", u"Usuario", u"IdUsuario", u"Usuario: ", u"Usuario", u"&Usuarios",
-     u"Nombre", u"", u"Usuario", u"", u"Usuario.Nombre,Usuario.Cargo,Usuario.Correo", userFields,
-     userColumns},
+     u"Nombre", u"Cargo", u"", u"", u"Usuario", u"", u"Usuario.Nombre,Usuario.Cargo,Usuario.Correo",
+     userFields, userColumns},
     {u"FichaExpV", u"ListaExpV", u"ExpVivo", u"IdExpVivo", u"Expediente: ", u"Expediente", u"&Expedientes",
-     u"Referencia", u"",
+     u"Referencia", u"Titulo", u"IdCliente", u"",
      u"(((ExpVivo LEFT JOIN Cliente ON ExpVivo.IdCliente = Cliente.IdCliente) "
      u"LEFT JOIN Materia ON ExpVivo.IdMateria = Materia.IdMateria) "
      u"LEFT JOIN TipoMateria ON ExpVivo.IdTipoMateria = TipoMateria.IdTipoMateria) "
@@ -88,7 +88,8 @@ constexpr HostForm designs[] = {
      u"ExpVivo.Referencia,ExpVivo.Titulo,Cliente.Alias,Materia.Nombre,TipoMateria.Nombre", caseFields,
      caseColumns},
     {u"FichaProy", u"ListaProy", u"Proyecto", u"IdPrincipal", u"Proyecto: ", u"Proyecto", u"&Proyectos",
-     u"Nombre", u"", u"Proyecto", u"", u"Proyecto.Nombre,Proyecto.Poblacion", projectFields, projectColumns},
+     u"Nombre", u"Poblacion", u"", u"", u"Proyecto", u"", u"Proyecto.Nombre,Proyecto.Poblacion",
+     projectFields, projectColumns},
 };
 
 // The key as `Id`, every column of the table, and the names that go with them.

@@ -28,14 +28,16 @@ struct HostForm {
   TextView listForm;  // "ListaInm"
   TextView table;
   TextView key;
-  TextView header;       // what a card's title begins with
-  TextView caption;      // "Inmueble"
-  TextView listCaption;  // of the page, with its mnemonic
-  TextView titleField;   // beside the caption
-  TextView place;        // field that says where a new visit takes place; "" has none
-  TextView from;         // tables of both queries
-  TextView extra;        // further columns of the card's query
-  TextView searched;     // columns that the search looks at, separated by commas
+  TextView header;         // what a card's title begins with
+  TextView caption;        // "Inmueble"
+  TextView listCaption;    // of the page, with its mnemonic
+  TextView titleField;     // beside the caption
+  TextView subtitleField;  // with it where one record is chosen among all
+  TextView client;         // field with the client of the record; "" has none
+  TextView place;          // field that says where a new visit takes place; "" has none
+  TextView from;           // tables of both queries
+  TextView extra;          // further columns of the card's query
+  TextView searched;       // columns that the search looks at, separated by commas
   std::span<const FieldDesign> fields;
   std::span<const ListColumn> columns;
 };

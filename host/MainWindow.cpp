@@ -12,6 +12,7 @@
 #include "desktop/Progress.h"
 #include "desktop/QtText.h"
 #include "host/Escapes.h"
+#include "host/MovingNotes.h"
 #include "host/PlaceMemory.h"
 #include "platform/Platform.h"
 
@@ -22,7 +23,10 @@ using desktop::toQt;
 
 namespace {
 constexpr TextView recordGone = u"La ficha ya no existe: otro usuario la ha borrado.";
-}
+constexpr TextView noNotesToMove =
+    u"Las notas se mueven desde la ficha de la que cuelgan: abra la de un inmueble, un expediente o un "
+    u"proyecto, y marque en su lista las que quiera mover.";
+}  // namespace
 
 class MainWindow::Frame : public MainFrame {
  public:
@@ -98,6 +102,7 @@ void MainWindow::buildMenus() {
     if (page && page->card().settle()) page->card().reload();
     if (auto* list = dynamic_cast<ListPage*>(pages_->currentWidget())) list->reload();
   });
+  add(cards, QStringLiteral("&Mover notas ..."), QKeySequence(Qt::CTRL | Qt::Key_M), [this] { moveNotes(); });
   add(cards, QStringLiteral("&Cerrar ficha"), QKeySequence(Qt::CTRL | Qt::Key_W),
       [this] { closePage(pages_->currentIndex()); });
   QMenu* help = menuBar()->addMenu(QStringLiteral("A&yuda"));
@@ -145,6 +150,26 @@ ObjectRef MainWindow::activeForm() {
 CardPage* MainWindow::cardAt(int index) { return dynamic_cast<CardPage*>(pages_->widget(index)); }
 
 bool MainWindow::closeCard(CardPage& page) { return page.card().checkChanges() && page.card().settle(); }
+
+// Where they went is another record's card, which may be open too.
+void MainWindow::moveNotes() {
+  CardPage* page = cardAt(pages_->currentIndex());
+  const AnnotationList* notes = page ? movableNotes(page->card()) : nullptr;
+  if (!notes) return workplace_.dialogs.tell(u"Mover notas", noNotesToMove);
+  page->showPane(*page->pane(notes->design().grid));
+  const MovedNotes moved = moveMarkedNotes(page->card(), workplace_);
+  if (moved.record == 0) return;
+  for (int i = 0; i < pages_->count(); ++i) {
+    CardPage* each = cardAt(i);
+    AnnotationList* list = each ? each->card().list(notes->design().grid) : nullptr;
+    if (!list || list->design().table != notes->design().table) continue;
+    list->reload();
+    list->changed();
+  }
+  frame_->setStatusText(
+      (moved.count == 1 ? Text(u"Una nota movida a ") : toText(moved.count) + u" notas movidas a ") +
+      moved.name);
+}
 
 void MainWindow::closePage(int index) {
   CardPage* page = cardAt(index);

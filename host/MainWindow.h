@@ -32,6 +32,7 @@ class MainWindow : public QMainWindow {
   class Frame;
 
   void buildMenus();
+  void moveNotes();
   void closePage(int index);
   void removePage(CardPage& page);
   void dropPage(CardPage& page);
