@@ -11,6 +11,7 @@ namespace ovalia::host {
 PickDialog::PickDialog(const QString& title, const QStringList& names, const QStringList& chosen,
                        bool several, QWidget* parent)
     : QDialog(parent), several_(several), wanted_(new QLineEdit(this)), list_(new QListWidget(this)) {
+  setObjectName(QStringLiteral("elegir"));
   setWindowTitle(title);
   auto* label = new QLabel(QStringLiteral("&Buscar:"), this);
   label->setBuddy(wanted_);

@@ -6,8 +6,10 @@
 
 #include "desktop/QtText.h"
 #include "host/BulkFile.h"
+#include "host/PassingBin.h"
 #include "host/PassingSettings.h"
 #include "host/TourBook.h"
+#include "host/TourDocuments.h"
 #include "host/TourStage.h"
 #include "host/TourWitness.h"
 
@@ -65,13 +67,20 @@ constexpr std::int32_t theNewest = -1;  // in place of a key
 
 class Tour {
  public:
-  Tour(MainWindow& window, const fs::path& folder)
-      : window_(window), book_(folder), stage_(book_, folder), witness_(window.agency().file) {}
+  Tour(MainWindow& window, TourDialogs& dialogs, const fs::path& folder)
+      : window_(window),
+        dialogs_(dialogs),
+        folder_(folder),
+        book_(folder),
+        stage_(book_, folder),
+        witness_(window.agency().file) {}
 
   bool play() {
     book_.chapter(u"Ficha del inmueble");
-    if (CardPage* page = openFirstProperty())
+    if (CardPage* page = openFirstProperty()) {
       for (const Chapter& chapter : chapters) play(*page, chapter);
+      playDocuments({window_, dialogs_, book_, stage_, witness_, folder_}, *page);
+    }
     return book_.close();
   }
 
@@ -247,6 +256,8 @@ class Tour {
   }
 
   MainWindow& window_;
+  TourDialogs& dialogs_;
+  const fs::path folder_;
   TourBook book_;
   TourStage stage_;
   TourWitness witness_;
@@ -256,9 +267,10 @@ class Tour {
 
 }  // namespace
 
-bool playTour(MainWindow& window, const fs::path& folder) {
-  const PassingSettings passing;
-  return Tour(window, folder).play();
+bool playTour(MainWindow& window, TourDialogs& dialogs, const fs::path& folder) {
+  const PassingSettings settings;
+  const PassingBin bin(folder / "papelera");
+  return Tour(window, dialogs, fs::absolute(folder)).play();
 }
 
 fs::path copyForTour(const fs::path& database, const fs::path& folder) {

@@ -7,6 +7,7 @@
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMessageBox>
 #include <QPainter>
 #include <QPlainTextEdit>
@@ -55,17 +56,21 @@ QDialog* dialogUp() {
   return nullptr;
 }
 
+void click(QWidget& aimed, const QPointF& at) {
+  const QPointer<QWidget> kept(&aimed);
+  for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+    if (!kept) return;
+    const bool down = type == QEvent::MouseButtonPress;
+    QMouseEvent event(type, at, aimed.mapToGlobal(at), Qt::LeftButton, down ? Qt::LeftButton : Qt::NoButton,
+                      Qt::NoModifier);
+    QApplication::sendEvent(kept, &event);
+  }
+}
+
 void click(QWidget& drawn) {
   auto* area = qobject_cast<QAbstractScrollArea*>(&drawn);
-  QWidget* aimed = area ? area->viewport() : &drawn;
-  const QPointer<QWidget> kept(aimed);
-  const QPointF at(4, aimed->height() / 2);
-  for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
-    const bool down = type == QEvent::MouseButtonPress;
-    QMouseEvent event(type, at, aimed->mapToGlobal(at), Qt::LeftButton, down ? Qt::LeftButton : Qt::NoButton,
-                      Qt::NoModifier);
-    if (kept) QApplication::sendEvent(kept, &event);
-  }
+  QWidget& aimed = area ? *area->viewport() : drawn;
+  click(aimed, QPointF(4, aimed.height() / 2));
 }
 
 }  // namespace
@@ -165,6 +170,15 @@ void TourStage::presses(TextView tool) {
     return button->click();
   }
   book_.fail(u"falta la herramienta " + Text(tool));
+}
+
+void TourStage::chooses(TextView tool) { card().toolbars().userSelects(tool); }
+
+QWidget& TourStage::drawn(TextView control) { return *widget(control); }
+
+void TourStage::clickItem(QListWidget& list, int row) {
+  list.scrollToItem(list.item(row));
+  click(*list.viewport(), list.visualItemRect(list.item(row)).center());
 }
 
 void TourStage::closes() {

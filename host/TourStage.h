@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QListWidget>
 #include <QPixmap>
 #include <QPointer>
 #include <QTimer>
@@ -25,10 +26,12 @@ class TourStage {
 
   forms::Form& card();  // the one that is up
   QString shown(TextView control);
+  QWidget& drawn(TextView control);
   void describe();  // title and contents of the card, into the book
 
   void types(TextView control, const QString& text);  // in place of what is there
   void presses(TextView tool);                        // on the toolbar
+  void chooses(TextView tool);                        // in a menu
   void closes();                                      // by the close box
 
   // While `doing` runs a message box comes up that holds the text and is answered by the button of that
@@ -47,6 +50,7 @@ class TourStage {
   static void press(QWidget& widget, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier,
                     const QString& text = {});
   static void type(QWidget& widget, const QString& text);
+  static void clickItem(QListWidget& list, int row);
 
  private:
   // A dialog that is due.

@@ -62,6 +62,17 @@ Text TourWitness::row(TextView table, std::int32_t key, std::span<const TextView
   return all;
 }
 
+std::vector<Text> TourWitness::attachments(TextView table, std::int32_t annotation) {
+  std::vector<Text> all;
+  const auto rows = database_->OpenRecordset(
+      u"SELECT * FROM " + Text(table) + u" WHERE IdNota = " + toText(annotation) + u" ORDER BY IdDocu",
+      dao::dbOpenSnapshot);
+  for (; !rows->isEOF(); rows->MoveNext())
+    all.push_back(u"IdDocu " + rows->value(u"IdDocu").text() + u": Id " + rows->value(u"Id").text() + u", «" +
+                  rows->value(u"NombreOrg").text() + u"», fichero " + rows->value(u"NombreArch").text());
+  return all;
+}
+
 void TourWitness::write(TextView table, std::int32_t key, TextView field, TextView text, Date stamp) {
   database_->Execute(u"UPDATE " + Text(table) + u" SET " + Text(field) + u" = " + literal(text) +
                      u", FechaActualizacion = " + VDate(stamp, false) + u" WHERE " + keyOf(table) + u" = " +

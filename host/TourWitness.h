@@ -22,6 +22,9 @@ class TourWitness {
   // "NotaIP 12: Asunto «Llaves», Notas «...», FechaActualizacion «04/02/2025 14:49:08»"
   Text row(TextView table, std::int32_t key, std::span<const TextView> fields);
 
+  // Of each attachment of an annotation, by its key: "IdDocu 3: Id 1, «Plano.pdf», fichero 1F00.pdf".
+  std::vector<Text> attachments(TextView table, std::int32_t annotation);
+
   // Writes one field and the stamp of the last change.
   void write(TextView table, std::int32_t key, TextView field, TextView text, Date stamp);
 

@@ -52,7 +52,8 @@ Agency chosenAgency(const StartOptions& options, Platform& platform) {
 
 int run(const StartOptions& options, desktop::Surroundings& here) {
   QtDialogs dialogs;
-  Workplace workplace{chosenAgency(options, here.platform()), dialogs, {}, {}};
+  TourDialogs onTour;
+  Workplace workplace{chosenAgency(options, here.platform()), options.tour ? onTour : dialogs, {}, {}};
   const std::filesystem::path& file = workplace.agency.file;
   CNota::cgDB(workplace.agency.database);
   CNota::PathDB(fromUtf8(file.native()));
@@ -69,7 +70,7 @@ int run(const StartOptions& options, desktop::Surroundings& here) {
   int result = 0;
   if (options.tour) {
     leaveOutScreenWarnings();
-    result = playTour(window, *options.tour) ? 0 : failed;
+    result = playTour(window, onTour, *options.tour) ? 0 : failed;
   } else {
     restorePlace(window);
     window.show();

@@ -97,7 +97,23 @@ TEST_F(Program, tours_all_kinds_on_its_first_start) {
   for (const std::string kind : {"nota", "visita", "anuncio", "llamada"})
     for (const char* end : {"", "-cambiada", "-pregunta", "-rechazada", "-nueva", "-encontrada"})
       EXPECT_EQ(folder.content("fotos/" + kind + end + ".png").substr(1, 3), "PNG") << kind << end;
+  for (const std::string documents : {"iconos-grandes", "iconos-pequenos", "lista", "nombre", "quitar"})
+    EXPECT_EQ(folder.content("fotos/documentos-" + documents + ".png").substr(1, 3), "PNG") << documents;
   EXPECT_FALSE(folder.has("fotos/aviso.png"));
+}
+
+TEST_F(Program, attaches_opens_renames_removes_and_moves_documents_on_a_tour) {
+  ASSERT_EQ(start("--tour " + quoted("fotos")).status, 0) << transcript();
+  for (const char* line :
+       {"Bien: la ficha enseña los 9", "«Contrato de arras.doc», fichero 1F02.doc",
+        "Se abre «Fachada desde la calle.jpg» (1F09.jpg): image/png",
+        "Se abre «Contrato de compraventa firmado ante notario el 3 de marzo (versión definitiva).docx» "
+        "(1F03.doc): text/plain",
+        "«Arras: señal de 3.000 €.doc», fichero 1F02.doc", "papelera: 1F03.doc, 13 bytes",
+        "Cuadro «Mover la nota marcada a»", "Bien: la nota cuelga de otro inmueble", "fichero 2F00.doc",
+        "Recorrido terminado: todo ha ido como se esperaba."})
+    EXPECT_THAT(transcript(), HasSubstr(line));
+  EXPECT_FALSE(folder.has("datos/Trash")) << "the user's own bin is left alone";
 }
 
 TEST_F(Program, tells_on_a_tour_what_the_database_held_before_and_after_each_step) {

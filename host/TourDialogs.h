@@ -1,0 +1,22 @@
+#pragma once
+
+#include "host/QtDialogs.h"
+#include "host/TourBook.h"
+
+namespace ovalia::host {
+
+// The dialogs of a tour: what would lead out of the program - a file dialog, another program - is answered
+// and noted down here, all else comes up as ever.
+class TourDialogs : public QtDialogs {
+ public:
+  std::vector<Text> files;   // that the next file dialog gives, as a user's choice
+  std::vector<Text> opened;  // "«Plano.pdf» (1F00.pdf): application/pdf"
+
+  std::vector<Text> openFiles(const FileQuestion& question) override;
+  Text saveFile(const FileQuestion&) override { return {}; }
+  bool choosePrinter() override { return false; }
+  bool openFile(TextView nativePath, TextView shownName) override;
+  bool openAddress(TextView) override { return true; }
+};
+
+}  // namespace ovalia::host
