@@ -1,14 +1,18 @@
 #include "tests/host/desk/Clerk.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
 #include <QDialog>
 #include <QKeySequence>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QTest>
 #include <QToolBar>
 #include <QToolButton>
+#include <QUrl>
 
 #include "desktop/QtText.h"
 #include "tests/deskkit/Cards.h"
@@ -57,10 +61,11 @@ struct Clerk::Verb {
   void (Clerk::*run)(std::string_view rest);
 };
 
-constexpr Clerk::Verb Clerk::verbs[] = {
-    {"property", &Clerk::property}, {"open", &Clerk::open}, {"new", &Clerk::create},
-    {"type", &Clerk::type},         {"tool", &Clerk::tool}, {"key", &Clerk::key},
-    {"press", &Clerk::press},       {"find", &Clerk::find}, {"close", &Clerk::close}};
+constexpr Clerk::Verb Clerk::verbs[] = {{"property", &Clerk::property}, {"open", &Clerk::open},
+                                        {"new", &Clerk::create},        {"type", &Clerk::type},
+                                        {"tool", &Clerk::tool},         {"key", &Clerk::key},
+                                        {"attach", &Clerk::attach},     {"press", &Clerk::press},
+                                        {"find", &Clerk::find},         {"close", &Clerk::close}};
 
 Clerk::Clerk(MainWindow& window, BeepingScreen& screen) : window_(window), screen_(screen) {}
 
@@ -124,6 +129,13 @@ void Clerk::key(std::string_view sequence) {
   const QKeySequence keys(QString::fromStdString(std::string(sequence)), QKeySequence::PortableText);
   if (keys.count() != 1 || keys[0].key() == Qt::Key_unknown) cannot("there is no such key");
   deskkit::press(keys[0].key(), keys[0].keyboardModifiers());
+}
+
+void Clerk::attach(std::string_view path) {
+  auto* files = new QMimeData;
+  files->setUrls({QUrl::fromLocalFile(QString::fromStdString(std::string(path)))});
+  QApplication::clipboard()->setMimeData(files);
+  deskkit::press(Qt::Key_V, Qt::ControlModifier);
 }
 
 void Clerk::press(std::string_view caption) {

@@ -23,6 +23,7 @@ class BeepingScreen : public desktop::DesktopScreen {
 //   type txtNotas Señal recibida  in place of what stands in the control
 //   tool ID_Guardar               a tool of the card's bar
 //   key Ctrl+.                    in the window that is in use
+//   attach /tmp/plano.pdf         copied in a file manager and pasted on the card
 //   press Aceptar                 a button of the box that is up
 //   find Notas señal              in the search dialog that is up, from the list's beginning
 //   close                         the window on top, by its close box
@@ -47,6 +48,7 @@ class Clerk {
   void type(std::string_view controlAndText);
   void tool(std::string_view id);
   void key(std::string_view sequence);
+  void attach(std::string_view path);
   void press(std::string_view button);
   void find(std::string_view fieldAndText);
   void close(std::string_view);
