@@ -1,39 +1,23 @@
 #include "host/Office.h"
 
-#include <stdlib.h>
-
 #include <optional>
 
-#include "host/RunProgram.h"
 #include "host/TemplateFailure.h"
+#include "system/PassingFile.h"
+#include "system/RunProgram.h"
 
 namespace ovalia::host {
 
 namespace fs = std::filesystem;
 
+using system::PassingFolder;
+using system::ProgramEnd;
+
 namespace {
 
 Text shown(const fs::path& path) { return fromUtf8(path.native()); }
 
-std::optional<std::string> office() { return findProgram({"soffice", "libreoffice"}); }
-
-// A folder of its own for one run, for the profile and for what comes out.
-class RunFolder {
- public:
-  RunFolder() {
-    std::string pattern = (fs::temp_directory_path() / "agencia-XXXXXX").native();
-    if (!mkdtemp(pattern.data())) throw TemplateFailure(u"No se puede escribir en la carpeta temporal.");
-    path = pattern;
-  }
-  ~RunFolder() {
-    std::error_code ignored;
-    fs::remove_all(path, ignored);
-  }
-  RunFolder(const RunFolder&) = delete;
-  RunFolder& operator=(const RunFolder&) = delete;
-
-  fs::path path;
-};
+std::optional<std::string> office() { return system::findProgram({"soffice", "libreoffice"}); }
 
 // An address that any path can be part of.
 std::string addressOf(const fs::path& folder) {
@@ -50,18 +34,18 @@ std::string addressOf(const fs::path& folder) {
   return address;
 }
 
-void work(const fs::path& document, TextView what, const RunFolder& folder,
+void work(const fs::path& document, TextView what, const PassingFolder& folder,
           const std::vector<std::string>& wish, const Meanwhile& meanwhile,
           std::chrono::milliseconds patience) {
   const auto program = office();
   if (!program)
     throw TemplateFailure(u"Para " + Text(what) + u" " + shown(document) +
                           u" hace falta LibreOffice, que no está instalado en este ordenador.");
-  std::vector<std::string> command{*program, "-env:UserInstallation=" + addressOf(folder.path / "perfil"),
+  std::vector<std::string> command{*program, "-env:UserInstallation=" + addressOf(folder.path() / "perfil"),
                                    "--headless", "--norestore", "--nolockcheck"};
   command.insert(command.end(), wish.begin(), wish.end());
   command.push_back(fs::absolute(document).native());
-  switch (runProgram(command, patience, meanwhile)) {
+  switch (system::runProgram(command, patience, meanwhile)) {
     case ProgramEnd::done:
       return;
     case ProgramEnd::failed:
@@ -78,10 +62,10 @@ bool officeInstalled() { return office().has_value(); }
 
 void convertDocument(const fs::path& document, const std::string& format, const fs::path& target,
                      const Meanwhile& meanwhile, std::chrono::milliseconds patience) {
-  const RunFolder folder;
-  const fs::path made = folder.path / document.stem() += "." + format;
-  work(document, u"convertir", folder, {"--convert-to", format, "--outdir", folder.path.native()}, meanwhile,
-       patience);
+  const PassingFolder folder;
+  const fs::path made = folder.path() / document.stem() += "." + format;
+  work(document, u"convertir", folder, {"--convert-to", format, "--outdir", folder.path().native()},
+       meanwhile, patience);
   std::error_code error;
   // It also ends well without a result.
   if (!fs::exists(made, error))
@@ -91,7 +75,7 @@ void convertDocument(const fs::path& document, const std::string& format, const 
 }
 
 void printDocument(const fs::path& document, const std::string& printer, const Meanwhile& meanwhile) {
-  work(document, u"imprimir", RunFolder(), {"--pt", printer}, meanwhile, officePatience);
+  work(document, u"imprimir", PassingFolder(), {"--pt", printer}, meanwhile, officePatience);
 }
 
 void pictureOfDocument(const fs::path& document, const fs::path& picture) {
@@ -102,7 +86,7 @@ void pictureOfDocument(const fs::path& document, const fs::path& picture) {
   stem.replace_extension();
   const std::vector<std::string> command{"pdftoppm", "-png", "-singlefile", "-r",         "72",         "-f",
                                          "1",        "-l",   "1",           pdf.native(), stem.native()};
-  if (runProgram(command, officePatience) != ProgramEnd::done)
+  if (system::runProgram(command, officePatience) != ProgramEnd::done)
     throw TemplateFailure(u"No se ha podido dibujar " + shown(document) +
                           u". Compruebe que está instalado pdftoppm.");
 }

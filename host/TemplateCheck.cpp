@@ -7,6 +7,7 @@
 #include "host/RtfTemplate.h"
 #include "host/TemplateFailure.h"
 #include "host/TemplateFile.h"
+#include "platform/Failure.h"
 
 namespace ovalia::host {
 
@@ -73,6 +74,8 @@ TemplateReport checkTemplate(const fs::path& file) {
     if (report.good) report.text += u"La plantilla está bien.\n";
   } catch (const TemplateFailure& failure) {
     report.text += failure.message + u"\n";
+  } catch (...) {
+    report.text += currentFailure().description() + u"\n";
   }
   return report;
 }

@@ -5,8 +5,8 @@
 #include <iterator>
 
 #include "host/Office.h"
-#include "host/PassingFile.h"
 #include "host/TemplateFailure.h"
+#include "system/PassingFile.h"
 
 namespace ovalia::host {
 
@@ -44,7 +44,7 @@ std::string templateAsRtf(const fs::path& file, const std::function<void()>& mea
                           u" está en el formato propio de un procesador de textos, y para convertirla hace "
                           u"falta LibreOffice, que no está instalado en este ordenador. Instálelo, o guarde "
                           u"la plantilla como RTF desde el programa con el que se hizo.");
-  const PassingFile converted;
+  const system::PassingFile converted;
   convertDocument(file, "rtf", converted.path(), meanwhile);
   return templateBytes(converted.path());
 }

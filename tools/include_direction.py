@@ -31,7 +31,7 @@ MAY_INCLUDE = {
 
 # Libraries that a folder may use beyond the standard one; the logic and its tests' kits use none.
 LIBRARIES = {
-    "system": r"(unistd|fcntl|dirent|sys/\w+|pwd|time)\.h",
+    "system": r"(unistd|fcntl|dirent|sys/\w+|pwd|time|signal|spawn|stdlib)\.h",
     "engines": r"(sqlite3\.h|unicode/\w+\.h|libpq-fe\.h)",
     "desktop": r"(Q\w+(/\w+(\.h)?)?|zip\.h|gmime/gmime\.h|curl/curl\.h|(unistd|fcntl|pwd|sys/\w+)\.h)",
     "host": r"(Q\w+(/\w+(\.h)?)?|sqlite3\.h)",

@@ -1,4 +1,4 @@
-#include "host/RunProgram.h"
+#include "system/RunProgram.h"
 
 #include <fcntl.h>
 #include <signal.h>
@@ -13,7 +13,7 @@
 
 extern char** environ;
 
-namespace ovalia::host {
+namespace ovalia::system {
 
 namespace {
 
@@ -84,4 +84,4 @@ ProgramEnd runProgram(const std::vector<std::string>& command, std::chrono::mill
   return WIFEXITED(status) && WEXITSTATUS(status) == 0 ? ProgramEnd::done : ProgramEnd::failed;
 }
 
-}  // namespace ovalia::host
+}  // namespace ovalia::system

@@ -3,10 +3,10 @@
 #include <filesystem>
 #include <string_view>
 
-namespace ovalia::host {
+// Files and folders for a while. Failures are those of failureOf.
+namespace ovalia::system {
 
 // A new empty file, for this user's eyes alone, that is gone with its owner unless it is kept.
-// TemplateFailure where the folder cannot be written to.
 class PassingFile {
  public:
   // Its name begins and ends so.
@@ -24,4 +24,19 @@ class PassingFile {
   bool passing_ = true;
 };
 
-}  // namespace ovalia::host
+// A new folder of this user's alone in the system's temporary one, that is gone with its owner and with all
+// that is in it.
+class PassingFolder {
+ public:
+  PassingFolder();
+  ~PassingFolder();
+  PassingFolder(const PassingFolder&) = delete;
+  PassingFolder& operator=(const PassingFolder&) = delete;
+
+  const std::filesystem::path& path() const { return path_; }
+
+ private:
+  std::filesystem::path path_;
+};
+
+}  // namespace ovalia::system

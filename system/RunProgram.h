@@ -2,11 +2,12 @@
 
 #include <chrono>
 #include <functional>
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <vector>
 
-namespace ovalia::host {
+namespace ovalia::system {
 
 // The first of the names that is a program of the user's search path; nothing when none is.
 std::optional<std::string> findProgram(std::initializer_list<const char*> names);
@@ -19,4 +20,4 @@ enum class ProgramEnd { done, failed, tooLate };
 ProgramEnd runProgram(const std::vector<std::string>& command, std::chrono::milliseconds limit,
                       const std::function<void()>& meanwhile = {});
 
-}  // namespace ovalia::host
+}  // namespace ovalia::system
