@@ -6,6 +6,7 @@
 #include "host/Exports.h"
 #include "host/Marks.h"
 #include "host/Names.h"
+#include "host/WordProcessor.h"
 #include "platform/Platform.h"
 
 namespace ovalia::host {
@@ -136,29 +137,13 @@ void openDocument(Workplace& workplace, AnnotationList& list, const Text& docume
                         u"»: instale uno para esa clase de documentos.\nEl fichero está en " + path + u".");
 }
 
-// There is no word processor to merge with. A document that is to be kept becomes a copy of its template, so
-// that the attachment has its file.
-void makeDocument(Workplace& workplace, const Text& document, const Text& model) {
-  if (document.empty()) {
-    workplace.dialogs.tell(
-        u"Imprimir",
-        u"La impresión con plantillas necesita un procesador de textos, que esta agencia aún no "
-        u"tiene conectado. Puede abrir la plantilla e imprimirla desde su programa.");
-    return;
-  }
-  Platform::current().files->copy(model, document, false);
-  workplace.dialogs.tell(
-      u"Plantilla",
-      u"El documento se ha creado como copia de la plantilla, sin los datos de la ficha: no hay "
-      u"ningún procesador de textos conectado.");
-}
-
 void answerDocuments(CNota& nota, AnnotationList& list, Workplace& workplace) {
   nota.AbrirDoc.connect([&](Text& document) { openDocument(workplace, list, document); });
-  nota.NuevoDoc.connect(
-      [&workplace](Text& document, Text& model, ObjectRef&) { makeDocument(workplace, document, model); });
-  // Nothing to write into: NuevoDoc has told the user.
-  nota.PasaDatosaDoc.connect([](Variant&, Variant&, ObjectRef&) {});
+  nota.NuevoDoc.connect([&workplace](Text& document, Text& model, ObjectRef& word) {
+    word = newDocument(workplace, document, model);
+  });
+  nota.PasaDatosaDoc.connect(
+      [](Variant& marks, Variant& values, ObjectRef& word) { fillDocument(marks, values, word); });
   nota.PasaDatosEMail.connect([&workplace](Variant& marks, Variant& values) {
     if (!workplace.dialogs.openAddress(mailAddress(marks, values)))
       workplace.dialogs.tell(u"Correo", u"No hay ningún programa de correo configurado.");

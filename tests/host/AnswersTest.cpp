@@ -2,7 +2,7 @@
 
 #include "host/AnnotationList.h"
 #include "host/Contract.h"
-#include "tests/host/HostTest.h"
+#include "tests/host/WordProcessing.h"
 #include "tests/kit/FakeObject.h"
 
 namespace ovalia::host {
@@ -222,17 +222,19 @@ TEST_F(Answers, a_document_opens_as_what_the_card_calls_it_and_without_a_program
       u"documentos.\nEl fichero está en /srv/agencia/Doc0/1F900.doc.");
 }
 
-TEST_F(Answers, a_document_from_a_template_is_a_copy_of_it_until_there_is_a_word_processor) {
-  here.files.putFile(u"\\datos\\Plantillas\\carta.dot", u"Muy señor mío");
-  here.files.putFolder(u"\\datos\\Doc0");
-  Text document = u"\\datos\\Doc0\\1F00.doc", model = u"\\datos\\Plantillas\\carta.dot";
+TEST_F(Answers, a_document_is_made_from_a_template_and_takes_the_marks) {
+  folder.putFile("Plantillas/Carta.dot", "{\\rtf1 {\\*\\bkmkstart Asunto}x{\\*\\bkmkend Asunto}}");
+  folder.putFolder("Doc0");
+  Text document = folder.logic(u"Doc0\\1F00.doc"), model = folder.logic(u"Plantillas\\Carta.dot");
   ObjectRef word;
   nota().NuevoDoc(document, model, word);
-  EXPECT_EQ(here.files.firstMatch(document), u"1F00.doc");
-  EXPECT_EQ(word, nullptr);
-  Text nowhere;
-  nota().NuevoDoc(nowhere, model, word);
-  EXPECT_EQ(dialogs.told.size(), 2u);
+  ASSERT_TRUE(word);
+  const GivenMarks given{{0, {u"Asunto", u"Llaves"}}};
+  Variant marks = given.names(), values = given.texts();
+  nota().PasaDatosaDoc(marks, values, word);
+  EXPECT_EQ(folder.content("Doc0/1F00.doc"),
+            "{\\rtf1 {\\*\\bkmkstart Asunto}{\\uc1 Llaves}{\\*\\bkmkend Asunto}}");
+  EXPECT_EQ(dialogs.opened.size(), 1u);
 }
 
 TEST_F(Answers, a_visit_is_exported_as_a_calendar_and_a_note_as_text) {
