@@ -14,16 +14,29 @@ void ModelForm::cmdCancelar_Click() {
 }
 
 void ModelForm::onControl(Control& control, ControlEvent event) {
-  constexpr auto chooseSubject = [](ModelForm& form, Control&) { form.askSubject(); };
-  constexpr auto choosePart = [](ModelForm& form, Control&) { form.askPart(); };
   constexpr auto select = [](ModelForm& form, Control& box) { form.selectText(box); };
   static constexpr Reaction<ModelForm> reactions[] = {
-      {u"cmdAceptar", ControlEvent::Click, [](ModelForm& form, Control&) { form.Aceptar(); }},
+      {u"cmdAceptar", ControlEvent::Click,
+       [](ModelForm& form, Control&) {
+         procedure(u"cmdAceptar_Click de frmModelo", [&] { form.Aceptar(); });
+       }},
       {u"cmdCancelar", ControlEvent::Click, [](ModelForm& form, Control&) { form.cmdCancelar_Click(); }},
-      {u"cmdMateria", ControlEvent::Click, chooseSubject},
-      {u"txtMateria", ControlEvent::ShiftEnter, chooseSubject},
-      {u"cmdSubMateria", ControlEvent::Click, choosePart},
-      {u"txtSubMateria", ControlEvent::ShiftEnter, choosePart},
+      {u"cmdMateria", ControlEvent::Click,
+       [](ModelForm& form, Control&) {
+         procedure(u"cmdMateria_Click de frmModelo", [&] { form.askSubject(); });
+       }},
+      {u"txtMateria", ControlEvent::ShiftEnter,
+       [](ModelForm& form, Control&) {
+         procedure(u"txtMateria_KeyDown de frmModelo", [&] { form.askSubject(); });
+       }},
+      {u"cmdSubMateria", ControlEvent::Click,
+       [](ModelForm& form, Control&) {
+         procedure(u"cmdSubMateria_Click de frmModelo", [&] { form.askPart(); });
+       }},
+      {u"txtSubMateria", ControlEvent::ShiftEnter,
+       [](ModelForm& form, Control&) {
+         procedure(u"txtSubMateria_KeyDown de frmModelo", [&] { form.askPart(); });
+       }},
       {u"txtNombre", ControlEvent::GotFocus, select},
       {u"txtMateria", ControlEvent::GotFocus, select},
       {u"txtSubMateria", ControlEvent::GotFocus, select},

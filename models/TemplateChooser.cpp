@@ -20,8 +20,7 @@ std::optional<Text> chosenTemplate(Instance& nota, TextView folder, bool HayDond
   if (!callMember(chooser, u"Mostrar", {mask}).toBoolean()) return {};
   nota.FormActiva = getMember(nota.nota.frmBase, u"ActiveForm").toObject();
   getMember(chooser, u"NomFich");
-  const Text chosen = logicPath(getMember(chooser, u"QueImprimir").text());
-  return chosen.empty() ? std::optional<Text>() : chosen;
+  return logicPath(getMember(chooser, u"QueImprimir").text());
 }
 
 }  // namespace ovalia

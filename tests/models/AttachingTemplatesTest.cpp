@@ -97,11 +97,17 @@ TEST_F(AttachingTemplates, does_nothing_when_the_user_cancels) {
   EXPECT_EQ(instance.FormActiva, nullptr);
 }
 
-TEST_F(AttachingTemplates, does_nothing_with_a_choice_that_names_no_file) {
-  chooser->with(u"QueImprimir", u"");
-  attach();
-  EXPECT_THAT(host.events, IsEmpty());
-  EXPECT_THAT(rows(), IsEmpty());
+TEST_F(AttachingTemplates, goes_on_with_an_accepted_choice_that_names_no_file) {
+  for (const Variant& nothing : {Variant(u""), Variant(Null)}) {
+    documents->rows.clear();
+    host.events.clear();
+    chooser->with(u"QueImprimir", nothing);
+    attach();
+    EXPECT_THAT(host.events, ElementsAre(u"NuevoDoc(\\Datos\\Agencia\\Doc1\\Doc2\\Doc0\\120F00.doc, )",
+                                         u"PasaDatosaDoc()"));
+    ASSERT_THAT(rows(), SizeIs(1));
+    EXPECT_TRUE(rows()[0].ends_with(u": 120 1 501  < 120F00.doc"));
+  }
 }
 
 TEST_F(AttachingTemplates, understands_a_choice_in_the_systems_form) {

@@ -325,11 +325,20 @@ TEST_F(CreatingModels, what_the_host_does_not_confirm_changes_nothing) {
   });
 }
 
-TEST_F(CreatingModels, a_host_that_fails_is_logged_and_the_form_stays) {
+TEST_F(CreatingModels, a_host_that_fails_is_reported_and_the_form_stays) {
   host.answers.VerMateria = [](bool&, const Text&, Text&) { throw Failure(failure::typeMismatch); };
+  host.answers.VerTMateria = [](bool&, const Variant&, const Text&, Text&) {
+    throw Failure(failure::typeMismatch);
+  };
   create([&] {
-    here.expectLogEntry(u"Evento de frmModelo", failure::typeMismatch);
-    user.clicks(u"cmdMateria");
+    for (const auto& [button, box] :
+         {std::pair{u"cmdMateria", u"txtMateria"}, std::pair{u"cmdSubMateria", u"txtSubMateria"}}) {
+      expectReport(join(button, u"_Click de frmModelo"), failure::typeMismatch);
+      user.clicks(button);
+      user.enters(box);
+      expectReport(join(box, u"_KeyDown de frmModelo"), failure::typeMismatch);
+      user.presses(kit::User::enter, kit::User::shiftKey);
+    }
     EXPECT_TRUE(desk.top().Visible());
   });
 }

@@ -1,10 +1,14 @@
+#include "tests/exchange/PassedMarks.h"
 #include "tests/models/ModelList.h"
 
 namespace ovalia {
 namespace {
 
+using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::IsSupersetOf;
+using testing::Not;
 
 class ModelDeletion : public kit::ModelListTest {
  protected:
@@ -238,6 +242,55 @@ TEST_F(ModelDeletion, a_question_that_cannot_be_shown_deletes_nothing) {
     expectReport(u"MostrarMensaje() de RutinasErr", failure::outOfMemory);
     user.deletesRows();
     EXPECT_EQ(names().size(), 4u);
+  });
+}
+
+// The bin has a document before its row goes, and nothing that is not marked is touched. Who is told nothing
+// finds all of it done.
+TEST_F(ModelDeletion, survives_any_failure_and_can_be_done_again) {
+  const std::vector<Text> marked = {u"carta.doc", u"fianza.doc", u"Ñapa.doc"};
+  const auto shown = [&](const Text& model) { return std::ranges::count(names(), model) > 0; };
+  const auto markThem = [&] {
+    form().RefrescoRecordset();
+    std::vector<int> places;
+    const std::vector<Text> all = names();
+    for (std::size_t place = 0; place < all.size(); ++place)
+      if (std::ranges::count(marked, all[place]) > 0) places.push_back(static_cast<int>(place));
+    mark(places);
+  };
+  const auto before = [&] {
+    database->tableNamed(u"Plantilla")->rows.clear();
+    for (const TextView model : {u"carta.doc", u"fianza.doc", u"otro.doc", u"perdido.doc", u"Ñapa.doc"})
+      kit::putModel(*database, model);
+    for (const TextView file : {u"carta.doc", u"fianza.doc", u"otro.doc", u"Ñapa.doc"})
+      here.files.putFile(join(models, u"\\", file));
+    here.shell.recycled.clear();
+    markThem();
+  };
+  const auto check = [&](const kit::RecordingScreen& screen) {
+    const std::vector<Text> left = names();
+    EXPECT_THAT(left, IsSupersetOf({u"otro.doc", u"perdido.doc"}));
+    EXPECT_TRUE(grid().Redraw());
+    for (const Text& model : marked) {
+      const bool inBin = !here.files.exists(models + u"\\" + model);
+      EXPECT_TRUE(inBin || shown(model)) << toUtf8(model);
+      if (screen.boxes.empty()) {
+        EXPECT_FALSE(shown(model)) << toUtf8(model);
+      }
+    }
+    EXPECT_THAT(here.shell.recycled, Not(Contains(models + u"\\otro.doc")));
+
+    markThem();
+    form().AntesBorrarPlantilla2();
+    EXPECT_THAT(names(), ElementsAre(u"otro.doc", u"perdido.doc"));
+    EXPECT_THAT(files(), ElementsAre(u"otro.doc"));
+    EXPECT_THAT(grid().SelBookmarks(), IsEmpty());
+  };
+  choose([&] {
+    for (const std::int32_t number : {dao::failure::locked, dao::failure::referenced, failure::diskFull})
+      EXPECT_GE(failEachCall(
+                    here, number, before, [&] { form().AntesBorrarPlantilla2(); }, check),
+                30);
   });
 }
 
