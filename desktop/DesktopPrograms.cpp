@@ -212,6 +212,7 @@ QString DesktopPrograms::entryFile(const QString& id) const {
 
 std::optional<Launch> DesktopPrograms::launch(const QString& id, const QString& file) const {
   const QString path = entryFile(id);
+  if (path.isEmpty()) return {};
   const Group entry = readGroup(path, entryGroup);
   if (isTrue(entry, "Hidden") || isTrue(entry, "Terminal")) return {};
   const QString needed = entry.value(QStringLiteral("TryExec"));
