@@ -67,6 +67,18 @@ TEST_F(OutputMembers, mail) {
   EXPECT_THAT(host.events, ElementsAre(u"PasaDatosEMail()"));
 }
 
+TEST_F(OutputMembers, make_a_model_of_a_stored_name_and_speak_of_the_shown_one) {
+  givenList(u"Nota", {{{u"NArchivos", 1}}});
+  Text stored = u"120F07.doc", shown = u"Plano";
+  expectBox(u"El documento adjunto (Plano) no existe.", 48, u"Modelo");
+  nota().CrearModelo(stored, shown);
+  here.files.putFile(u"\\Datos\\Agencia\\Doc1\\Doc2\\Doc0\\120F07.doc");
+  // The file is there: the form comes next, and asks the host for a subject.
+  host.shows(nullptr);
+  expectReport(u"CrearModelo de CNota", failure::objectNotSet);
+  nota().CrearModelo(stored, shown);
+}
+
 TEST_F(OutputMembers, of_a_component_that_was_given_nothing_tell_it_and_raise_nothing) {
   CNota bare;
   bare.AppDirUser = u"\\Datos\\Nadie";
