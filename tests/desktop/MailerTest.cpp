@@ -1,103 +1,19 @@
 #include "desktop/Mailer.h"
 
-#include <arpa/inet.h>
-#include <sys/socket.h>
-#include <unistd.h>
-
 #include <QDir>
 #include <QFile>
 #include <QStandardPaths>
-#include <thread>
 
 #include "routines/Collection.h"
+#include "tests/deskkit/MailServer.h"
 #include "tests/desktop/Desk.h"
 
 namespace ovalia::desktop {
 
 namespace {
 
+using deskkit::MailServer;
 using testing::HasSubstr;
-
-// A mail server of one conversation, on a port of its own.
-class SmtpServer {
- public:
-  enum Manner { Accepts, RefusesRecipient, Silent };
-
-  explicit SmtpServer(Manner manner) : manner_(manner) {
-    listener_ = socket(AF_INET, SOCK_STREAM, 0);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    bind(listener_, reinterpret_cast<sockaddr*>(&address), sizeof address);
-    listen(listener_, 1);
-    socklen_t size = sizeof address;
-    getsockname(listener_, reinterpret_cast<sockaddr*>(&address), &size);
-    port_ = ntohs(address.sin_port);
-    thread_ = std::thread([this] { talk(); });
-  }
-  ~SmtpServer() {
-    shutdown(listener_, SHUT_RDWR);
-    finish();
-    close(listener_);
-  }
-
-  // Waits until the client has gone.
-  void finish() {
-    if (thread_.joinable()) thread_.join();
-  }
-  Text url() const { return u"smtp://127.0.0.1:" + toText(port_); }
-
-  // To be read when it has finished.
-  std::string commands, message;
-
- private:
-  bool readLine(std::string& line) {
-    line.clear();
-    char c;
-    while (recv(client_, &c, 1, 0) == 1) {
-      if (c == '\n') return true;
-      line += c;
-    }
-    return false;
-  }
-  void say(const std::string& reply) {
-    (void)!send(client_, (reply + "\r\n").data(), reply.size() + 2, MSG_NOSIGNAL);
-  }
-  void talk() {
-    client_ = accept(listener_, nullptr, nullptr);
-    if (client_ < 0) return;
-    std::string line;
-    if (manner_ == Silent) {
-      while (readLine(line)) continue;
-    } else {
-      converse(line);
-    }
-    close(client_);
-  }
-  void converse(std::string& line) {
-    say("220 prueba");
-    while (readLine(line)) {
-      commands += line + "\n";
-      if (line.starts_with("RCPT") && manner_ == RefusesRecipient) {
-        say("550 no such user here");
-      } else if (line.starts_with("DATA")) {
-        say("354 go on");
-        while (readLine(line) && line != ".\r") message += line + "\n";
-        say("250 taken");
-      } else if (line.starts_with("QUIT")) {
-        say("221 bye");
-        return;
-      } else {
-        say("250 good");
-      }
-    }
-  }
-
-  Manner manner_;
-  int listener_, client_ = -1;
-  int port_ = 0;
-  std::thread thread_;
-};
 
 class Mail : public kit::LogicTest {
  protected:
@@ -135,7 +51,7 @@ class Mail : public kit::LogicTest {
 };
 
 TEST_F(Mail, goes_to_the_server_with_its_attachments) {
-  SmtpServer smtp(SmtpServer::Accepts);
+  MailServer smtp(MailServer::Accepts);
   server(smtp.url());
   EXPECT_TRUE(send({write("Año.zip", QByteArray("PK\0\1", 4))}));
   smtp.finish();
@@ -174,7 +90,7 @@ TEST_F(Mail, two_in_one_second_are_kept_both) {
 }
 
 TEST_F(Mail, that_the_server_refuses_is_kept) {
-  SmtpServer smtp(SmtpServer::RefusesRecipient);
+  MailServer smtp(MailServer::RefusesRecipient);
   server(smtp.url());
   here.screen.expectBoxLike(
       u"El servidor de correo no ha aceptado el mensaje: el servidor no acepta al remitente",
@@ -184,7 +100,7 @@ TEST_F(Mail, that_the_server_refuses_is_kept) {
 }
 
 TEST_F(Mail, to_a_server_that_says_nothing_is_kept_after_a_while) {
-  SmtpServer smtp(SmtpServer::Silent);
+  MailServer smtp(MailServer::Silent);
   server(smtp.url());
   here.screen.expectBoxLike(u"El servidor de correo no ha aceptado el mensaje: el servidor no responde.",
                             u"para enviarlo.", 48, u"Correo", 1);
