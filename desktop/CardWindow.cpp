@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 #include <QWindow>
 
+#include "desktop/DialogOwner.h"
 #include "desktop/Progress.h"
 #include "desktop/QtText.h"
 #include "desktop/Scale.h"
@@ -23,8 +24,9 @@ namespace {
 constexpr double letterPoints = 8.25;
 
 constexpr std::array everyProperty{
-    Property::Caption,      Property::List,  Property::Value,     Property::Items,   Property::View,
-    Property::SelectedItem, Property::Place, Property::PaneWidth, Property::Enabled, Property::Visible};
+    Property::Caption,      Property::List,      Property::Value,    Property::Items, Property::View,
+    Property::SelectedItem, Property::BackColor, Property::Headings, Property::Place, Property::Rows,
+    Property::PaneWidth,    Property::Enabled,   Property::Visible};
 
 bool isContainer(const forms::Control& control) {
   return control.type() == ControlType::Frame || control.type() == ControlType::Splitter;
@@ -57,9 +59,16 @@ class Counted {
   int& count_;
 };
 
+// A window without bars is a dialog: nothing to be minimised by itself.
+Qt::WindowFlags kindOf(forms::Form& form) {
+  if (form.hasControl(u"SSAtb")) return Qt::Window;
+  return Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowMaximizeButtonHint |
+         Qt::WindowCloseButtonHint;
+}
+
 }  // namespace
 
-CardWindow::CardWindow(forms::Form& form) : QWidget(nullptr, Qt::Window), form_(&form) {
+CardWindow::CardWindow(forms::Form& form) : QWidget(nullptr, kindOf(form)), form_(&form) {
   QFont letters = font();
   letters.setPointSizeF(letterPoints);
   setFont(letters);
@@ -78,6 +87,12 @@ CardWindow::CardWindow(forms::Form& form) : QWidget(nullptr, Qt::Window), form_(
   area_ = new QWidget(this);
   area_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
   layout->addWidget(area_, 1);
+  if (!bars_) {
+    const forms::FormDesign& design = form.design();
+    const Scale scale = Scale::of(*this);
+    area_->setMinimumSize(scale.pixels(design.minimumWidth - forms::frameWidth),
+                          scale.pixels(design.minimumHeight - design.frame));
+  }
 
   buildControls();
   followCaption();
@@ -197,8 +212,9 @@ void CardWindow::popUp(TextView menu, const std::optional<forms::Point>& at) {
 void CardWindow::showForm() {
   followCaption();
   followPlace();
-  keepOnScreen();
-  if (QWidget* owner = QApplication::activeWindow(); owner && owner != this) {
+  QWidget* owner = dialogOwner();
+  if (!centred(owner)) keepOnScreen();
+  if (owner && owner != this) {
     winId();
     windowHandle()->setTransientParent(owner->windowHandle());
   }

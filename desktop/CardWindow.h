@@ -58,10 +58,13 @@ class CardWindow : public QWidget {
 
   bool mousePressed(QWidget& receiver);
   bool keyPressed(QWidget& receiver, QKeyEvent& event);
+  QString accepted(const QString& text);
+  void composed(QInputMethodEvent& event);
   void focusArrived(QWidget& receiver);
   void areaResized();
   void resizeArea(QSize size);
   void keepOnScreen();
+  bool centred(const QWidget* owner);
   bool freelyPlaced() const;
 
   // A place that the form asked for, and the pixels that came of it: going back to those pixels gives the
@@ -83,6 +86,7 @@ class CardWindow : public QWidget {
   Asked<QSize> askedSize_;
   QPoint reportedPlace_;
   QSize reportedSize_;
+  bool placed_ = false;   // shown once, so where it stands is its place
   int following_ = 0;     // what happens now is the model's doing
   int blocked_ = 0;       // how often a modal window came over this one
   bool swallow_ = false;  // the release that belongs to a refused press

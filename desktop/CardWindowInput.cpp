@@ -68,6 +68,9 @@ bool CardWindow::eventFilter(QObject* object, QEvent* event) {
       return receiver.window() == this && std::exchange(swallow_, false);
     case QEvent::KeyPress:
       return receiver.window() == this && keyPressed(receiver, *static_cast<QKeyEvent*>(event));
+    case QEvent::InputMethod:
+      if (receiver.window() == this && widgetAt(&receiver)) composed(*static_cast<QInputMethodEvent*>(event));
+      return false;
     case QEvent::FocusIn:
       if (receiver.window() == this && !following_) {
         const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
@@ -95,6 +98,7 @@ bool CardWindow::mousePressed(QWidget& receiver) {
   const int blocked = blocked_;
   commit();
   if (!self || !form_) return true;
+  if (drawn->asksForFocus()) return false;
   const bool moved = form_->userFocuses(*target);
   return !self || !form_ || !moved || blocked != blocked_;
 }
@@ -125,11 +129,32 @@ bool CardWindow::keyPressed(QWidget& receiver, QKeyEvent& event) {
   if (event.matches(QKeySequence::Paste) && holdsFiles()) return true;
   if (event.key() == Qt::Key_F10 && event.modifiers() == Qt::ShiftModifier)
     return asksForMenu(receiver), true;
+  if (widgetAt(&receiver) && !(event.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) &&
+      accepted(event.text()) != event.text())
+    return true;
+  if (!self || !form_) return true;
   for (ControlWidget* drawn = widgetAt(&receiver); drawn; drawn = widgetAt(drawn->widget()->parentWidget())) {
     if (drawn->takesKey(event)) return true;
     if (!self || !form_) return true;
   }
   return false;
+}
+
+// What the form lets through of a text that is about to be typed.
+QString CardWindow::accepted(const QString& text) {
+  const QPointer<CardWindow> self(this);
+  QString kept;
+  for (const QChar unit : text) {
+    const bool typed = unit.isPrint() || unit.isSurrogate();
+    if (self && form_ && (!typed || form_->userPresses(unit.unicode()))) kept += unit;
+  }
+  return kept;
+}
+
+// Signs of several keys, a letter with its accent for one, come as a text.
+void CardWindow::composed(QInputMethodEvent& event) {
+  const QString text = event.commitString(), kept = accepted(text);
+  if (kept != text) event.setCommitString(kept, event.replacementStart(), event.replacementLength());
 }
 
 // The focus came some other way: the form is asked all the same, and a refusal sends it back.

@@ -51,6 +51,20 @@ void CardWindow::followState() {
   --following_;
 }
 
+// A window without bars remembers no place: it comes up over the one from which it was opened.
+bool CardWindow::centred(const QWidget* owner) {
+  if (std::exchange(placed_, true) || bars_ || !owner) return false;
+  ++following_;
+  // The window gets its size when it is shown; without bars it is that of its area.
+  move(owner->frameGeometry().center() - QRect(QPoint(), askedSize_.pixels).center());
+  --following_;
+  reportedPlace_ = frameGeometry().topLeft();
+  const Scale scale = Scale::of(*this);
+  const QPoint onDesk = reportedPlace_ - wholeDesk().topLeft();
+  form_->userMoves(scale.twips(onDesk.x()), scale.twips(onDesk.y()));
+  return true;
+}
+
 // A place kept from another set of screens must not hide the window.
 void CardWindow::keepOnScreen() {
   const QRect frame = frameGeometry();
@@ -89,7 +103,7 @@ void CardWindow::areaResized() {
     form_->userResizes(askedSize_.first, askedSize_.second);
   else
     form_->userResizes(scale.twips(size.width()) + forms::frameWidth,
-                       scale.twips(size.height()) + forms::frameHeight);
+                       scale.twips(size.height()) + form_->design().frame);
 }
 
 void CardWindow::changeEvent(QEvent* event) {

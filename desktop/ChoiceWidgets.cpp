@@ -153,6 +153,7 @@ class ButtonWidget : public ControlWidget {
   ButtonWidget(const forms::ControlRef& control, QWidget* parent)
       : ControlWidget(control, new Button(parent)), button_(static_cast<Button*>(widget())) {
     button_->setAutoDefault(false);
+    button_->setDefault(control->has(forms::defaultButton));
     connect(button_, &QPushButton::clicked, this,
             [kept = std::static_pointer_cast<forms::CommandButton>(control)] { kept->userClicks(); });
   }
@@ -163,6 +164,13 @@ class ButtonWidget : public ControlWidget {
       if (!answers()) button_->setShortcut({});
     }
     ControlWidget::follow(property);
+  }
+
+  bool takesKey(QKeyEvent& event) override {
+    const bool enter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+    if (!enter || (event.modifiers() & ~Qt::KeypadModifier)) return false;
+    if (!event.isAutoRepeat()) button_->click();
+    return true;
   }
 
  private:

@@ -63,6 +63,7 @@ constexpr auto makers = std::to_array<Maker>({
     {ControlType::Line, makeLineWidget},
     {ControlType::Splitter, makeSplitterWidget},
     {ControlType::ListView, makeListWidget},
+    {ControlType::Grid, makeGridWidget},
 });
 
 }  // namespace

@@ -31,6 +31,9 @@ class ControlWidget : public QObject {
   // A key that the user pressed here; true when it is used up.
   virtual bool takesKey(QKeyEvent&) { return false; }
 
+  // Whether a press here asks the form for the focus by itself, with what is pressed.
+  virtual bool asksForFocus() const { return false; }
+
   // Where a menu asked for by the keyboard belongs on the screen; nothing when the mouse asked.
   virtual std::optional<QPoint> menuPlace() const { return {}; }
 
@@ -61,5 +64,6 @@ ControlWidgetPtr makeLineWidget(const forms::ControlRef& control, QWidget* paren
 ControlWidgetPtr makeImageWidget(const forms::ControlRef& control, QWidget* parent);
 ControlWidgetPtr makeSplitterWidget(const forms::ControlRef& control, QWidget* parent);
 ControlWidgetPtr makeListWidget(const forms::ControlRef& control, QWidget* parent);
+ControlWidgetPtr makeGridWidget(const forms::ControlRef& control, QWidget* parent);
 
 }  // namespace ovalia::desktop

@@ -26,6 +26,19 @@ class LineEdit : public ElidedLineEdit {
   }
 };
 
+// Letters on a colour of the form's own are as dark or light as it needs, on a disabled box too.
+void paintBack(QWidget& edit, std::uint32_t color) {
+  QPalette palette;
+  if (color != forms::windowBackground) {
+    const QColor back(color & 0xFF, color >> 8 & 0xFF, color >> 16 & 0xFF);
+    const QColor letters = qGray(back.rgb()) < 128 ? Qt::white : Qt::black;
+    palette.setColor(QPalette::Base, back);
+    palette.setColor(QPalette::Text, letters);
+    palette.setColor(QPalette::Disabled, QPalette::Text, letters);
+  }
+  edit.setPalette(palette);
+}
+
 class LineWidget : public ControlWidget {
  public:
   LineWidget(const forms::ControlRef& control, QWidget* parent) : LineWidget(control, new LineEdit(parent)) {}
@@ -38,6 +51,8 @@ class LineWidget : public ControlWidget {
       edit_->setCursorPosition(box().SelStart());
     } else if (property == Property::Selection) {
       edit_->setSelection(box().SelStart(), box().SelLength());
+    } else if (property == Property::BackColor) {
+      paintBack(*edit_, box().BackColor());
     }
     ControlWidget::follow(property);
   }
@@ -107,6 +122,8 @@ class LinesWidget : public ControlWidget {
       cursor.setPosition(shownPosition(box().text(), box().SelStart() + box().SelLength()),
                          QTextCursor::KeepAnchor);
       edit_->setTextCursor(cursor);
+    } else if (property == Property::BackColor) {
+      paintBack(*edit_, box().BackColor());
     }
     ControlWidget::follow(property);
   }

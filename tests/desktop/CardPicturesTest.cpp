@@ -3,19 +3,14 @@
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QAccessible>
-#include <QCheckBox>
 #include <QComboBox>
-#include <QDir>
-#include <QGroupBox>
-#include <QLabel>
 #include <QPlainTextEdit>
-#include <QPushButton>
-#include <QStyleOption>
 #include <QToolBar>
 #include <QToolButton>
 #include <algorithm>
 
 #include "tests/desktop/Desk.h"
+#include "tests/desktop/Pictures.h"
 
 namespace ovalia::desktop {
 
@@ -61,99 +56,6 @@ class CardPictures : public DeskTest, public testing::WithParamInterface<Card> {
     for (const TextView kind : {u"doc", u"txt", u"xls", u"jpg", u"zip"})
       list->Add({Text(kind), join(u"Contrato.", kind), Text(kind)});
   }
-
-  static QString artefact(const Card& card, const char* kind) {
-    QDir().mkpath("pictures");
-    return QStringLiteral("pictures/%1_%2_%3dpi_x%4.png")
-        .arg(card.name, kind)
-        .arg(QApplication::primaryScreen()->logicalDotsPerInchX())
-        .arg(qApp->devicePixelRatio());
-  }
-
-  static QSize room(const QWidget& widget) {
-    if (auto* button = qobject_cast<const QPushButton*>(&widget)) {
-      QStyleOptionButton option;
-      option.initFrom(button);
-      return button->style()->subElementRect(QStyle::SE_PushButtonContents, &option, button).size();
-    }
-    if (auto* check = qobject_cast<const QCheckBox*>(&widget)) {
-      QStyleOptionButton option;
-      option.initFrom(check);
-      return check->style()->subElementRect(QStyle::SE_CheckBoxContents, &option, check).size();
-    }
-    return widget.size();
-  }
-
-  static QString textOf(const QWidget& widget) {
-    if (auto* label = qobject_cast<const QLabel*>(&widget)) return label->text();
-    if (auto* button = qobject_cast<const QAbstractButton*>(&widget))
-      return qobject_cast<const QToolButton*>(button) ? QString() : spoken(fromQt(button->text()));
-    if (auto* line = qobject_cast<const QLineEdit*>(&widget)) return line->text();
-    if (auto* combo = qobject_cast<const QComboBox*>(&widget))
-      return combo->isEditable() ? QString() : combo->currentText();
-    return {};
-  }
-
-  // Every text that does not fit the place it has.
-  static QStringList cutTexts(const CardWindow& window) {
-    QStringList cut;
-    for (const QWidget* widget : window.findChildren<QWidget*>()) {
-      const QString text = textOf(*widget);
-      if (!widget->isVisible() || text.isEmpty()) continue;
-      QSize place = room(*widget);
-      if (auto* combo = qobject_cast<const QComboBox*>(widget)) {
-        QStyleOptionComboBox option;
-        option.initFrom(combo);
-        place = combo->style()
-                    ->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, combo)
-                    .size();
-      }
-      if (auto* line = qobject_cast<const QLineEdit*>(widget)) {
-        QStyleOptionFrame option;
-        option.initFrom(line);
-        place =
-            line->style()->subElementRect(QStyle::SE_LineEditContents, &option, line).size() - QSize(4, 0);
-        if (!line->actions().isEmpty()) place -= QSize(line->height(), 0);
-      }
-      const QFontMetrics letters = widget->fontMetrics();
-      const QSize needed(letters.horizontalAdvance(text), letters.height());
-      if (needed.width() > place.width() || needed.height() > place.height() + 1)
-        cut << QStringLiteral("%1 «%2» needs %3x%4, has %5x%6")
-                   .arg(widget->objectName(), text)
-                   .arg(needed.width())
-                   .arg(needed.height())
-                   .arg(place.width())
-                   .arg(place.height());
-    }
-    return cut;
-  }
-
-  // Lines of an array are found in the order of the design.
-  static QWidget* drawn(forms::Form& form, const forms::Control& control) {
-    const auto all = windowOf(form)->findChildren<QWidget*>(qname(control.Name()));
-    int place = 0;
-    for (const auto& other : form.controls()) {
-      if (other.get() == &control) break;
-      place += other->Name() == control.Name();
-    }
-    return place < all.size() ? all[place] : nullptr;
-  }
-
-  // Pairs of controls that lie over each other.
-  static QStringList overlaps(forms::Form& form) {
-    QStringList found;
-    const auto& controls = form.controls();
-    for (std::size_t i = 0; i < controls.size(); ++i)
-      for (std::size_t j = i + 1; j < controls.size(); ++j) {
-        const QWidget* a = drawn(form, *controls[i]);
-        const QWidget* b = drawn(form, *controls[j]);
-        if (!a || !b || a->parentWidget() != b->parentWidget() || !a->isVisible() || !b->isVisible())
-          continue;
-        if (a->geometry().intersects(b->geometry()))
-          found << a->objectName() + QStringLiteral(" over ") + b->objectName();
-      }
-    return found;
-  }
 };
 
 constexpr Card cards[] = {{"frmNota", forms::frmNota},
@@ -176,19 +78,19 @@ TEST_P(CardPictures, no_text_is_cut_and_nothing_overlaps_at_the_minimum_size_the
     CardWindow& window = *windowOf(*card);
     EXPECT_EQ(cutTexts(window).join("\n").toStdString(), "");
     EXPECT_EQ(overlaps(*card).join("\n").toStdString(), "");
-    EXPECT_TRUE(window.grab().save(artefact(GetParam(), "minimum")));
+    EXPECT_TRUE(savePicture(window, GetParam().name, "minimum"));
     card->setWidth(card->design().width);
     card->setHeight(card->design().height);
     QCoreApplication::processEvents();
     EXPECT_EQ(cutTexts(window).join("\n").toStdString(), "");
     EXPECT_EQ(overlaps(*card).join("\n").toStdString(), "");
-    EXPECT_TRUE(window.grab().save(artefact(GetParam(), "first")));
+    EXPECT_TRUE(savePicture(window, GetParam().name, "first"));
     card->setWidth(card->Width() * 1.5);
     card->setHeight(card->Height() * 1.4);
     QCoreApplication::processEvents();
     EXPECT_EQ(cutTexts(window).join("\n").toStdString(), "");
     EXPECT_EQ(overlaps(*card).join("\n").toStdString(), "");
-    EXPECT_TRUE(window.grab().save(artefact(GetParam(), "enlarged")));
+    EXPECT_TRUE(savePicture(window, GetParam().name, "enlarged"));
   });
 }
 
