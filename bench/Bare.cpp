@@ -15,7 +15,7 @@ BareConnection::BareConnection(const std::string& file) {
 
 BareConnection::~BareConnection() { sqlite3_close(connection_); }
 
-BareStatement BareConnection::prepare(const std::string& sql) {
+BareStatement BareConnection::prepare(const std::string& sql) const {
   sqlite3_stmt* statement = nullptr;
   if (sqlite3_prepare_v3(connection_, sql.c_str(), -1, SQLITE_PREPARE_PERSISTENT, &statement, nullptr) !=
       SQLITE_OK)
@@ -23,16 +23,16 @@ BareStatement BareConnection::prepare(const std::string& sql) {
   return BareStatement(statement);
 }
 
-void BareConnection::run(const char* sql) {
+void BareConnection::run(const char* sql) const {
   if (sqlite3_exec(connection_, sql, nullptr, nullptr, nullptr) != SQLITE_OK)
     throw std::runtime_error(sqlite3_errmsg(connection_));
 }
 
-std::int64_t readRow(sqlite3_stmt* row, std::int32_t key) {
-  sqlite3_bind_int(row, 1, key);
+namespace {
+
+std::int64_t sumOf(sqlite3_stmt* row) {
   std::int64_t sum = 0;
-  const int columns = sqlite3_step(row) == SQLITE_ROW ? sqlite3_column_count(row) : 0;
-  for (int i = 0; i < columns; ++i) switch (sqlite3_column_type(row, i)) {
+  for (int i = 0; i < sqlite3_column_count(row); ++i) switch (sqlite3_column_type(row, i)) {
       case SQLITE_INTEGER:
         sum += sqlite3_column_int64(row, i);
         break;
@@ -47,7 +47,23 @@ std::int64_t readRow(sqlite3_stmt* row, std::int32_t key) {
       default:
         break;
     }
+  return sum;
+}
+
+}  // namespace
+
+std::int64_t readRow(sqlite3_stmt* row, std::int32_t key) {
+  sqlite3_bind_int(row, 1, key);
+  const std::int64_t sum = sqlite3_step(row) == SQLITE_ROW ? sumOf(row) : 0;
   sqlite3_reset(row);
+  return sum;
+}
+
+std::int64_t readRows(sqlite3_stmt* rows, std::int32_t number) {
+  sqlite3_bind_int(rows, 1, number);
+  std::int64_t sum = 0;
+  while (sqlite3_step(rows) == SQLITE_ROW) sum += sumOf(rows);
+  sqlite3_reset(rows);
   return sum;
 }
 
