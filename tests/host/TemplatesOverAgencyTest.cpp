@@ -133,6 +133,7 @@ TEST_F(TemplatesOverAgency, every_mark_that_is_handed_over_is_one_that_authors_k
 TEST_F(TemplatesOverAgency, a_visit_is_printed_from_its_card_with_what_stands_there) {
   wanted = u"Hoja de visita";
   AnnotationList& visits = completeRow(u"grdVisita", kinds[1].condition);
+  expectBox(u"¿Desea guardar los cambios realizados en la visita?", 35, u"Guardar", 7);
   desk.whileShown([&] {
     user.types(u"txtNotas", u"Peña:\r\nle gusta");
     user.clicks(u"ID_Imprimir");
