@@ -2,6 +2,7 @@
 
 #include "host/Answers.h"
 #include "host/HostForms.h"
+#include "host/MailImport.h"
 
 namespace ovalia::host {
 
@@ -87,6 +88,21 @@ void AnnotationList::createCard() {
   nota().CreaNota();
   reload();
   changed();
+}
+
+std::int32_t AnnotationList::takeMails() {
+  if (!takesMails(*this)) {
+    workplace_.dialogs.tell(u"Importar correos",
+                            u"Los correos se importan como notas: abra la ficha de un inmueble, de un "
+                            u"expediente o de un proyecto y hágalo en su lista de notas.");
+    return 0;
+  }
+  const std::int32_t note = importMails(workplace_, *this);
+  if (note) {
+    reload();
+    changed();
+  }
+  return note;
 }
 
 }  // namespace ovalia::host

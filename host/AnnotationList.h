@@ -47,6 +47,10 @@ class AnnotationList {
   void openCard();
   void createCard();
 
+  // Makes notes of mails that the user chooses, reads the list again and gives the key of the last, 0 without
+  // one. The list stays on its row, for its card may be open. A list that takes no mails says so.
+  std::int32_t takeMails();
+
   // Called when rows may have changed: a card asked for a reload, or it closed.
   std::function<void()> changed = [] {};
 

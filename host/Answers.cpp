@@ -4,7 +4,7 @@
 
 #include "host/AnnotationList.h"
 #include "host/Exports.h"
-#include "host/Marks.h"
+#include "host/MailDraft.h"
 #include "host/Names.h"
 #include "host/WordProcessor.h"
 #include "platform/Platform.h"
@@ -145,24 +145,15 @@ void answerDocuments(CNota& nota, AnnotationList& list, Workplace& workplace) {
   nota.PasaDatosaDoc.connect(
       [](Variant& marks, Variant& values, ObjectRef& word) { fillDocument(marks, values, word); });
   nota.PasaDatosEMail.connect([&workplace](Variant& marks, Variant& values) {
-    if (!workplace.dialogs.openAddress(mailAddress(marks, values)))
-      workplace.dialogs.tell(u"Correo", u"No hay ningún programa de correo configurado.");
+    workplace.dialogs.sendMail(mailDraft(workplace, marks, values));
   });
-  nota.ImportarCorreos.connect([&workplace] {
-    workplace.dialogs.tell(u"Importar correos",
-                           u"Esta agencia no tiene ningún buzón conectado del que importar correos.");
-  });
+  nota.ImportarCorreos.connect([&list] { list.takeMails(); });
 }
 
 void answerExports(CNota& nota, AnnotationList& list, Workplace& workplace) {
-  nota.ExportarNotas.connect([&](std::int32_t) {
-    exportTo(workplace, {u"Exportar nota", u"Texto (*.txt)|*.txt", {}, u"nota.txt"},
-             noteText(*list.recordset()));
-  });
-  nota.ExportarVisitas.connect([&](std::int32_t) {
-    exportTo(workplace, {u"Exportar visita", u"Calendario (*.ics)|*.ics", {}, u"visita.ics"},
-             visitCalendar(*list.recordset()));
-  });
+  nota.ExportarNotas.connect([&](std::int32_t note) { exportNote(workplace, list.annotations(), note); });
+  nota.ExportarVisitas.connect(
+      [&](std::int32_t visit) { exportVisit(workplace, list.annotations(), visit); });
 }
 
 }  // namespace

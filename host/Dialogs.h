@@ -4,6 +4,7 @@
 #include <span>
 #include <vector>
 
+#include "desktop/MailMessage.h"
 #include "platform/Text.h"
 
 // What the agency asks its user, so that a test can answer in the user's place. Texts are in the system's
@@ -36,11 +37,13 @@ class Dialogs {
   virtual Text saveFile(const FileQuestion& question) = 0;
   virtual bool choosePrinter() = 0;  // false when the user cancels
 
-  // The desktop's program for what a file holds, or for a web or mail address; false when it has none. The
-  // path is in the system's own form, `shownName` what its user calls the file. The program works on the file
-  // itself, so that what is saved there stays.
+  // The desktop's program for what a file holds; false when it has none. The path is in the system's own
+  // form, `shownName` what its user calls the file. The program works on the file itself, so that what is
+  // saved there stays.
   virtual bool openFile(TextView nativePath, TextView shownName) = 0;
-  virtual bool openAddress(TextView address) = 0;
+
+  // Lets the user look through a mail, say to whom it goes and send it. It tells itself what goes wrong.
+  virtual void sendMail(const desktop::MailMessage& draft) = 0;
 };
 
 }  // namespace ovalia::host

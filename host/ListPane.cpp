@@ -42,6 +42,7 @@ ListPane::ListPane(AnnotationList& list, QWidget* parent) : QWidget(parent), lis
   auto* buttons = new QVBoxLayout;
   buttons->addWidget(open_);
   if (list.design().mayCreate) buttons->addWidget(add_);
+  if (list.design().mayCreate && kind == Kind::Nota) buttons->addWidget(mailButton());
   add_->setVisible(list.design().mayCreate);
   buttons->addStretch();
   auto* all = new QHBoxLayout(this);
@@ -52,6 +53,14 @@ ListPane::ListPane(AnnotationList& list, QWidget* parent) : QWidget(parent), lis
   grid_->moved = [this] { rowMoved(); };
   QObject::connect(open_, &QPushButton::clicked, this, telling([this] { openCurrent(); }));
   QObject::connect(add_, &QPushButton::clicked, this, telling([this] { addNew(); }));
+}
+
+QPushButton* ListPane::mailButton() {
+  import_ = new QPushButton(QStringLiteral("Importar correo..."), this);
+  import_->setToolTip(QStringLiteral("Hace notas de correos guardados como ficheros .eml (Control+I)"));
+  import_->setShortcut(Qt::CTRL | Qt::Key_I);
+  QObject::connect(import_, &QPushButton::clicked, this, telling([this] { importMails(); }));
+  return import_;
 }
 
 void ListPane::fill() {
@@ -80,6 +89,7 @@ void ListPane::showEvent(QShowEvent* event) {
 void ListPane::followButtons() {
   open_->setEnabled(grid_->currentKey() != 0);
   add_->setEnabled(list_.mayCreate());
+  if (import_) import_->setEnabled(list_.mayCreate());
 }
 
 void ListPane::rowMoved() {
@@ -96,6 +106,11 @@ void ListPane::openCurrent() {
 
 void ListPane::addNew() {
   if (list_.mayCreate()) list_.createCard();
+}
+
+void ListPane::importMails() {
+  const std::int32_t note = list_.takeMails();
+  if (note && list_.goTo(note)) list_.changed();
 }
 
 }  // namespace ovalia::host

@@ -23,6 +23,7 @@ class ListPane : public QWidget {
 
   void openCurrent();
   void addNew();
+  void importMails();
 
   std::function<void()> rowChanged = [] {};  // the user is on another row; the list stands there too
 
@@ -30,6 +31,7 @@ class ListPane : public QWidget {
   void showEvent(QShowEvent* event) override;
 
  private:
+  QPushButton* mailButton();
   void fill();
   void followButtons();
   void rowMoved();
@@ -38,6 +40,7 @@ class ListPane : public QWidget {
   GridView* grid_;
   QPushButton* open_;
   QPushButton* add_;
+  QPushButton* import_ = nullptr;
   bool filled_ = false;
   std::int32_t shownParent_ = 0;
 };

@@ -11,7 +11,4 @@ inline constexpr int lastMark = 60;
 // The text of a mark; "" when the mark is not there.
 Text markText(const Variant& marks, const Variant& values, TextView name);
 
-// A "mailto:" address with the annotation's subject and its notes in it.
-Text mailAddress(const Variant& marks, const Variant& values);
-
 }  // namespace ovalia::host

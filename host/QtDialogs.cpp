@@ -1,19 +1,19 @@
 #include "host/QtDialogs.h"
 
 #include <QApplication>
-#include <QDesktopServices>
 #include <QDir>
 #include <QFileDialog>
 #include <QPointer>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QStandardPaths>
-#include <QUrl>
 
 #include "desktop/DesktopPrograms.h"
 #include "desktop/DialogOwner.h"
+#include "desktop/MailDialog.h"
 #include "desktop/Progress.h"
 #include "desktop/QtText.h"
+#include "host/MailSending.h"
 #include "host/PickDialog.h"
 #include "platform/Platform.h"
 
@@ -104,6 +104,7 @@ Text QtDialogs::saveFile(const FileQuestion& asked) {
   prepare(dialog, asked);
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setFileMode(QFileDialog::AnyFile);
+  dialog.setDefaultSuffix(toQt(onlyExtension(asked.filter)));
   if (dialog.exec() != QDialog::Accepted) return {};
   return logicPath(fromQt(dialog.selectedFiles().front()));
 }
@@ -117,8 +118,20 @@ bool QtDialogs::openFile(TextView nativePath, TextView shownName) {
   return desktop::openDocument(toQt(nativePath), toQt(shownName));
 }
 
-bool QtDialogs::openAddress(TextView address) {
-  return QDesktopServices::openUrl(QUrl::fromEncoded(toQt(address).toLatin1()));
+// With a server the mail is sent from here, else by the user's mail program.
+void QtDialogs::sendMail(const desktop::MailMessage& draft) {
+  const Text server = desktop::configuredServer();
+  if (server.empty()) return sendByProgram(*this, draft);
+  const QPointer<desktop::MailDialog> dialog =
+      new desktop::MailDialog(draft, {.url = server}, desktop::dialogOwner());
+  dialog->exec();
+  delete dialog;
+}
+
+Text onlyExtension(TextView filter) {
+  const QString mask = toQt(filter).section(u'|', 1, 1);
+  const bool one = mask.startsWith(QStringLiteral("*.")) && !mask.contains(u';') && mask.count(u'*') == 1;
+  return one ? fromQt(mask.mid(2)) : Text();
 }
 
 Text toolkitFilter(TextView filter) {

@@ -17,8 +17,11 @@ class QtDialogs : public Dialogs {
   Text saveFile(const FileQuestion& question) override;
   bool choosePrinter() override;
   bool openFile(TextView nativePath, TextView shownName) override;
-  bool openAddress(TextView address) override;
+  void sendMail(const desktop::MailMessage& draft) override;
 };
+
+// The extension that the first of such masks asks for, and a name without one gets: "txt"; "" for any.
+Text onlyExtension(TextView filter);
 
 // "Documentos (*.*)|*.*|Texto (*.txt)|*.txt" as the toolkit writes it.
 Text toolkitFilter(TextView filter);

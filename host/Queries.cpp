@@ -129,6 +129,11 @@ Text wholeTableQuery(const AnnotationTable& table) {
   return selectFrom(table, table.parentColumn) + newestFirst(table);
 }
 
+Text rowQuery(const AnnotationTable& table, std::int32_t key) {
+  return selectFrom(table, table.parentColumn) + u" WHERE " + column(table.name, kindKey(table.kind)) +
+         u" = " + toText(key);
+}
+
 Text literal(TextView text) { return u"'" + replaceAll(text, u"'", u"''") + u"'"; }
 
 Text containing(TextView text) {

@@ -39,6 +39,9 @@ Text listQuery(const ListDesign& list, std::int32_t parent);
 // The same over the whole table.
 Text wholeTableQuery(const AnnotationTable& table);
 
+// The one row of a key, with the same columns.
+Text rowQuery(const AnnotationTable& table, std::int32_t key);
+
 // A text literal; and a text to be found anywhere, with no character of it a wildcard.
 Text literal(TextView text);
 Text containing(TextView text);

@@ -16,7 +16,7 @@ class TourDialogs : public QtDialogs {
   Text saveFile(const FileQuestion&) override { return {}; }
   bool choosePrinter() override { return false; }
   bool openFile(TextView nativePath, TextView shownName) override;
-  bool openAddress(TextView) override { return true; }
+  void sendMail(const desktop::MailMessage&) override {}
 };
 
 }  // namespace ovalia::host

@@ -238,26 +238,40 @@ TEST_F(Answers, a_document_is_made_from_a_template_and_takes_the_marks) {
 }
 
 TEST_F(Answers, a_visit_is_exported_as_a_calendar_and_a_note_as_text) {
-  here.files.putFolder(u"\\tmp");
-  dialogs.files = {{u"\\tmp\\v.ics"}, {u"\\tmp\\n.txt"}};
+  dialogs.files = {{folder.logic(u"v.ics")}, {folder.logic(u"n.txt")}};
   nota().ExportarVisitas(list.currentKey());
   EXPECT_EQ(dialogs.question.name, u"visita.ics");
-  EXPECT_EQ(here.files.firstMatch(u"\\tmp\\v.ics"), u"v.ics");
+  EXPECT_TRUE(folder.content("v.ics").starts_with("BEGIN:VCALENDAR\r\n"));
   AnnotationList notes(host::list(u"FichaInm", u"grdNota"), workplace);
   notes.open(1);
   notes.nota().ExportarNotas(notes.currentKey());
-  EXPECT_EQ(here.files.firstMatch(u"\\tmp\\n.txt"), u"n.txt");
+  EXPECT_EQ(dialogs.question.name, u"nota.txt");
+  EXPECT_TRUE(folder.content("n.txt").starts_with("Asunto: "));
 }
 
 TEST_F(Answers, nothing_is_exported_when_the_user_cancels) {
-  nota().ExportarVisitas(1);
+  nota().ExportarVisitas(list.currentKey());
   EXPECT_EQ(dialogs.question.title, u"Exportar visita");
 }
 
-TEST_F(Answers, what_cannot_be_done_here_is_said) {
+TEST_F(Answers, a_mail_goes_out_with_the_marks_of_the_annotation) {
+  const auto array = [](std::vector<Text> texts) {
+    texts.resize(61);
+    auto object = std::make_shared<MemberTable>();
+    object->property(u"", [texts](Arguments a) -> Variant { return texts.at(std::size_t(a[0].toLong())); });
+    return Variant(object);
+  };
+  Variant marks = array({u"Notas", u"Asunto"}), values = array({u"Se las llevo.", u"Llaves"});
+  nota().PasaDatosEMail(marks, values);
+  ASSERT_EQ(dialogs.mails.size(), 1u);
+  EXPECT_EQ(dialogs.mails[0].subject, u"Llaves");
+  EXPECT_EQ(dialogs.mails[0].body, u"Se las llevo.");
+}
+
+TEST_F(Answers, mails_are_no_visits) {
   nota().ImportarCorreos();
   ASSERT_EQ(dialogs.told.size(), 1u);
-  EXPECT_NE(dialogs.told[0].find(u"buzón"), Text::npos);
+  EXPECT_NE(dialogs.told[0].find(u"Los correos se importan como notas"), Text::npos);
 }
 
 }  // namespace ovalia::host

@@ -63,11 +63,6 @@ bool ReadyDialogs::openFile(TextView nativePath, TextView shownName) {
   return opens;
 }
 
-bool ReadyDialogs::openAddress(TextView address) {
-  opened.emplace_back(address);
-  return opens;
-}
-
 fs::path sampleFile(const fs::path& folder, int annotations) {
   static const kit::TemporaryFolder made;
   const fs::path original = made.path() / (std::to_string(annotations) + ".db");

@@ -26,9 +26,10 @@ class ReadyDialogs : public Dialogs {
   Text current;               // what it proposed
   std::vector<Text> told;     // "title: message"
   std::vector<Text> asked;    // "title: question"
-  std::vector<Text> opened;   // files and addresses
+  std::vector<Text> opened;   // files
   Text openedAs;              // what the last file is shown by
   FileQuestion question;      // the last one about files
+  std::vector<desktop::MailMessage> mails;
 
   std::optional<Text> pickOne(TextView title, std::span<const Text> names, TextView now) override;
   std::optional<std::vector<Text>> pickSeveral(TextView title, std::span<const Text> names,
@@ -40,7 +41,7 @@ class ReadyDialogs : public Dialogs {
   Text saveFile(const FileQuestion& asked) override;
   bool choosePrinter() override { return printerChosen; }
   bool openFile(TextView nativePath, TextView shownName) override;
-  bool openAddress(TextView address) override;
+  void sendMail(const desktop::MailMessage& draft) override { mails.push_back(draft); }
 };
 
 // The sample agency in a file of its own, in surroundings that report what was not announced.

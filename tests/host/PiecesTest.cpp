@@ -45,7 +45,6 @@ TEST(Marks, are_found_by_name_wherever_they_stand) {
                 values = array({u"Llaves & más", u"Año\r\nnuevo", u"Lucía"});
   EXPECT_EQ(markText(marks, values, u"Autor"), u"Lucía");
   EXPECT_EQ(markText(marks, values, u"NoHay"), u"");
-  EXPECT_EQ(mailAddress(marks, values), u"mailto:?subject=Llaves%20%26%20m%C3%A1s&body=A%C3%B1o%0D%0Anuevo");
 }
 
 TEST(Filters, are_written_as_the_toolkit_wants_them) {
@@ -53,63 +52,11 @@ TEST(Filters, are_written_as_the_toolkit_wants_them) {
   EXPECT_EQ(toolkitFilter(u"Texto (*.txt;*.md)|*.txt;*.md|Todo|*.*"), u"Texto (*.txt *.md);;Todo (*)");
 }
 
-class ExportedTexts : public HostTest {
- protected:
-  dao::RecordsetRef rows(TextView grid) {
-    return database().OpenRecordset(listQuery(list(u"FichaInm", grid), 1));
-  }
-};
-
-TEST_F(ExportedTexts, a_note_leaves_out_what_it_has_not) {
-  const auto notes = rows(u"grdNota");
-  notes->Edit();
-  notes->setValue(u"Asunto", u"Llaves");
-  notes->setValue(u"Categorias", Null);
-  notes->Update();
-  const Text text = noteText(*notes);
-  EXPECT_TRUE(text.starts_with(u"Asunto: Llaves\r\nAutor: "));
-  EXPECT_EQ(text.find(u"Categorías"), Text::npos);
-}
-
-TEST_F(ExportedTexts, a_visit_is_one_event_of_a_calendar) {
-  const auto visits = rows(u"grdVisita");
-  visits->Edit();
-  visits->setValue(u"FechaComienzo", Date{45292.5});
-  visits->setValue(u"FechaFin", Date{45292.5625});
-  visits->setValue(u"Asunto", u"Firma; arras, y llaves");
-  visits->setValue(u"Anulada", true);
-  visits->Update();
-  const Text calendar = visitCalendar(*visits);
-  EXPECT_TRUE(calendar.starts_with(u"BEGIN:VCALENDAR\r\n"));
-  EXPECT_TRUE(calendar.ends_with(u"END:VCALENDAR\r\n"));
-  for (TextView line :
-       {u"DTSTART:20240101T120000\r\n", u"DTEND:20240101T133000\r\n", u"STATUS:CANCELLED\r\n"})
-    EXPECT_NE(calendar.find(line), Text::npos) << toUtf8(calendar);
-  EXPECT_NE(replaceAll(calendar, u"\r\n ", u"").find(u"SUMMARY:Firma\\; arras\\, y llaves\r\n"), Text::npos);
-}
-
-TEST_F(ExportedTexts, a_visit_without_an_end_lasts_an_hour_and_one_without_a_start_has_no_time) {
-  const auto visits = rows(u"grdVisita");
-  visits->Edit();
-  visits->setValue(u"FechaComienzo", Date{45292.5});
-  visits->setValue(u"FechaFin", Date{});
-  visits->Update();
-  EXPECT_NE(visitCalendar(*visits).find(u"DTEND:20240101T130000"), Text::npos);
-  visits->Edit();
-  visits->setValue(u"FechaComienzo", Null);
-  visits->Update();
-  EXPECT_EQ(visitCalendar(*visits).find(u"DTSTART"), Text::npos);
-}
-
-TEST_F(ExportedTexts, no_line_of_a_calendar_is_longer_than_75_bytes) {
-  const auto visits = rows(u"grdVisita");
-  visits->Edit();
-  visits->setValue(u"Notas", Text(400, u'ñ') + u"\r\n" + Text(u"🏠🏠🏠🏠🏠🏠🏠🏠🏠🏠🏠🏠🏠🏠🏠🏠🏠🏠"));
-  visits->Update();
-  const std::string calendar = toUtf8(visitCalendar(*visits));
-  EXPECT_EQ(calendar.find("\xEF\xBF\xBD"), std::string::npos);
-  for (std::size_t from = 0, end; (end = calendar.find("\r\n", from)) != std::string::npos; from = end + 2)
-    EXPECT_LE(end - from, 75u);
+TEST(Filters, that_leave_one_extension_give_it_to_a_name_without) {
+  EXPECT_EQ(onlyExtension(u"Texto (*.txt)|*.txt|Todo|*.*"), u"txt");
+  EXPECT_EQ(onlyExtension(u"Texto|*.txt;*.md"), u"");
+  EXPECT_EQ(onlyExtension(u"Documentos (*.*)|*.*"), u"");
+  EXPECT_EQ(onlyExtension(u""), u"");
 }
 
 class Forms : public HostTest {};
