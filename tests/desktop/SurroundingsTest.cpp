@@ -207,7 +207,8 @@ TEST_F(Here, the_toolkit_speaks_spanish) {
 
 TEST_F(Here, outside_components_are_found_by_their_names) {
   Objects& objects = *here.platform().objects;
-  for (const TextView name : {u"ZipLibrary.CGZipFiles", u"Zandrel.CZandrel", u"trivane.ctrivane"})
+  for (const TextView name : {u"ZipLibrary.CGZipFiles", u"Zandrel.CZandrel", u"trivane.ctrivane",
+                              u"Mosken.CMosken", u"Perlaz.CPerlaz"})
     EXPECT_TRUE(objects.create(name)) << toUtf8(name);
   EXPECT_THROW(objects.create(u"Otra.Cosa"), Failure);
 }
