@@ -3,6 +3,8 @@
 
 #include <gmock/gmock.h>
 
+#include <filesystem>
+
 #include <QDir>
 #include <QFile>
 #include <QMimeDatabase>
@@ -166,6 +168,8 @@ class OpenedDocuments : public Documents {
     set("XDG_DATA_DIRS", "sistema");
     set("XDG_CONFIG_HOME", "ajustes");
     set("XDG_CONFIG_DIRS", "ajustes");
+    // What files hold is still told by the system's own table.
+    std::filesystem::create_directory_symlink("/usr/share/mime", folder.path() / "sistema" / "mime");
   }
   ~OpenedDocuments() override {
     for (std::size_t i = 0; i < std::size(variables); ++i)
