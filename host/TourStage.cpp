@@ -253,6 +253,7 @@ void TourStage::pictureOf(QWidget& window, const std::string& name) {
 }
 
 void TourStage::picture(const std::string& name) {
+  QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
   QList<QWidget*> windows;
   for (QWidget* each : {window(), static_cast<QWidget*>(dialogUp())})
     if (each && !windows.contains(each)) windows.append(each);
