@@ -1,7 +1,5 @@
 #include "host/Answers.h"
 
-#include <filesystem>
-
 #include "host/AnnotationList.h"
 #include "host/Exports.h"
 #include "host/MailDraft.h"

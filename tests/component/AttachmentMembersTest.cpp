@@ -1,22 +1,16 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <optional>
-
 #include "component/CNota.h"
 #include "tests/cardkit/AgencyStatements.h"
 #include "tests/cardkit/CardTest.h"
+#include "tests/component/HeldNota.h"
 
 namespace ovalia {
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-struct HeldNota {
-  std::optional<CNota> held{std::in_place};
-  CNota& nota = *held;
-};
 
 // What a host does with attachments without a card being open.
 class AttachmentMembers : private HeldNota, public kit::AgencyTest {

@@ -1,22 +1,15 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <optional>
-
-#include "component/CNota.h"
 #include "tests/cardkit/AgencyStatements.h"
 #include "tests/cardkit/CardTest.h"
+#include "tests/component/HeldNota.h"
 
 namespace ovalia {
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-struct HeldNota {
-  std::optional<CNota> held{std::in_place};
-  CNota& nota = *held;
-};
 
 constexpr int yes = 6, no = 7;
 

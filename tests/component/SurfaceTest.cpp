@@ -1,16 +1,10 @@
-#include <optional>
-
 #include "component/CNota.h"
 #include "routines/ModuleValues.h"
 #include "tests/cardkit/CardTest.h"
+#include "tests/component/HeldNota.h"
 
 namespace ovalia {
 namespace {
-
-struct HeldNota {
-  std::optional<CNota> held{std::in_place};
-  CNota& nota = *held;
-};
 
 // A whole component, as its host has it.
 class Surface : private HeldNota, public kit::AgencyTest {
