@@ -144,7 +144,7 @@ bool MailDialog::addressed() {
   const auto addresses = mailAddresses(fromQt(to_->text()));
   if (addresses && !addresses->empty()) return true;
   say(addresses ? Text(u"Escriba la dirección del destinatario.")
-                : u"«" + fromQt(to_->text()) + u"» no es una dirección de correo.");
+                : Text(u"«") + fromQt(to_->text()) + u"» no es una dirección de correo.");
   to_->setFocus();
   return false;
 }
