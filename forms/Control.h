@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <unordered_set>
 #include <vector>
 
 #include "forms/Design.h"
@@ -278,6 +279,7 @@ class ListView : public Control {
 
  private:
   std::vector<ListItem> items_;
+  std::unordered_set<Text> keys_;  // of items_: a folder of thousands is listed in one go
   int selected_ = 0;
   int view_ = lvwIcon;
 };

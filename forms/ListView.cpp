@@ -17,13 +17,13 @@ ObjectRef itemObject(const ListItem& item, int index) {
 
 void ListView::Clear() {
   items_.clear();
+  keys_.clear();
   selected_ = 0;
   changed(Property::Items);
 }
 
 void ListView::Add(ListItem item) {
-  for (const ListItem& other : items_)
-    if (other.key == item.key) throw Failure(failure::keyNotUnique);
+  if (!keys_.insert(item.key).second) throw Failure(failure::keyNotUnique);
   items_.push_back(std::move(item));
   changed(Property::Items);
 }
