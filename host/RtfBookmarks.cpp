@@ -1,7 +1,10 @@
 #include "host/RtfBookmarks.h"
 
 #include <algorithm>
-#include <array>
+#include <string>
+#include <utility>
+
+#include "host/CodePage.h"
 
 namespace ovalia::host {
 
@@ -11,7 +14,7 @@ using Kind = RtfToken::Kind;
 
 // Groups that hold a text of their own.
 constexpr std::string_view flows[] = {"header",  "headerl", "headerr",  "headerf",    "footer", "footerl",
-                                      "footerr", "footerf", "footnote", "annotation", "shptxt", "fldrslt"};
+                                      "footerr", "footerf", "footnote", "annotation", "shptxt", "dptxbxtext"};
 
 // Groups that hold no text, where no "\*" says so.
 constexpr std::string_view tables[] = {"fonttbl", "colortbl", "stylesheet", "info", "pict", "fldinst"};
@@ -19,6 +22,10 @@ constexpr std::string_view tables[] = {"fonttbl", "colortbl", "stylesheet", "inf
 // Groups that are one thing in the text, whatever they hold.
 constexpr std::string_view objects[] = {"field",      "pict",       "object", "shp", "shpgrp", "footnote",
                                         "annotation", "nonshppict", "do",     "xe",  "tc"};
+
+// Groups that a text stands in or behind; the instructions of a field where only a part of it is taken.
+constexpr std::string_view frames[] = {"listtext",       "pntext",       "pn",
+                                       "nesttableprops", "nonesttables", "fldinst"};
 
 bool isOneOf(std::string_view name, const auto& names) {
   return std::ranges::find(names, name) != std::end(names);
@@ -41,22 +48,50 @@ Purpose purposeOf(const std::vector<RtfToken>& tokens, std::size_t open) {
   return purpose;
 }
 
-// Code page 1252, 0x80 to 0x9F; the bytes from 0xA0 on are their own code.
-constexpr std::array<char16_t, 32> upperHalf = {
-    u'\u20AC', u'\uFFFD', u'\u201A', u'\u0192', u'\u201E', u'\u2026', u'\u2020', u'\u2021',
-    u'\u02C6', u'\u2030', u'\u0160', u'\u2039', u'\u0152', u'\uFFFD', u'\u017D', u'\uFFFD',
-    u'\uFFFD', u'\u2018', u'\u2019', u'\u201C', u'\u201D', u'\u2022', u'\u2013', u'\u2014',
-    u'\u02DC', u'\u2122', u'\u0161', u'\u203A', u'\u0153', u'\uFFFD', u'\u017E', u'\u0178'};
+bool isBookmarkEnd(const std::vector<RtfToken>& tokens, std::size_t open) {
+  const std::string_view word = purposeOf(tokens, open).word;
+  return word == "bkmkstart" || word == "bkmkend";
+}
 
-Text decoded(std::string_view bytes, int codePage) {
-  constexpr int utf8 = 65001;
-  if (codePage == utf8) return fromUtf8(bytes);
-  Text text;
-  for (const char c : bytes) {
-    const auto byte = static_cast<unsigned char>(c);
-    text += byte >= 0x80 && byte < 0xA0 ? upperHalf[byte - 0x80u] : char16_t(byte);
+// The next group that begins behind a token, before `end`; `end` where there is none.
+std::size_t nextGroup(const std::vector<RtfToken>& tokens, std::size_t behind, std::size_t end) {
+  std::size_t i = behind + 1;
+  while (i < end && tokens[i].kind != Kind::open) ++i;
+  return i;
+}
+
+// The group that holds the name of a bookmark's end: the one that begins there, or that for new readers in
+// it. 0 where it is no such end.
+std::size_t nameGroup(const std::vector<RtfToken>& tokens, std::size_t open) {
+  if (isBookmarkEnd(tokens, open)) return open;
+  if (purposeOf(tokens, open).word != "upr") return 0;
+  const std::size_t end = tokens[open].partner;
+  for (std::size_t i = nextGroup(tokens, open, end); i < end; i = nextGroup(tokens, tokens[i].partner, end)) {
+    if (purposeOf(tokens, i).word != "ud") continue;
+    const std::size_t inner = nextGroup(tokens, i, tokens[i].partner);
+    return inner < tokens[i].partner && isBookmarkEnd(tokens, inner) ? inner : 0;
   }
-  return text;
+  return 0;
+}
+
+// A struck-out text says so before anything of it.
+bool isStruckOut(const std::vector<RtfToken>& tokens, std::size_t open) {
+  for (std::size_t i = open + 1; tokens[i].kind == Kind::word; ++i)
+    if (tokens[i].name == "deleted") return !tokens[i].numbered || tokens[i].number != 0;
+  return false;
+}
+
+// The code pages that words of a document's beginning name.
+constexpr struct {
+  std::string_view word;
+  int codePage;
+} codePageWords[] = {{"ansi", 1252}, {"mac", 10000}, {"pc", 437}, {"pca", 850}};
+
+int codePageAfter(const RtfToken& word, int before) {
+  if (word.name == "ansicpg") return word.number;
+  for (const auto& row : codePageWords)
+    if (row.word == word.name) return row.codePage;
+  return before;
 }
 
 // A name in its group: plain bytes, bytes in hexadecimal, units with stand-ins behind them for old readers.
@@ -77,19 +112,20 @@ Text nameIn(std::string_view document, const std::vector<RtfToken>& tokens, std:
     if (token.kind != Kind::word) continue;
     if (token.name == "uc") standIns = static_cast<std::size_t>(std::max(token.number, 0));
     if (token.name != "u") continue;
-    name += decoded(bytes, codePage);
-    bytes.clear();
+    name += fromCodePage(codePage, std::exchange(bytes, {}));
     name += static_cast<char16_t>(token.number);
     skip = standIns;
   }
-  return trimBlanks(name + decoded(bytes, codePage));
+  return trimBlanks(name + fromCodePage(codePage, std::move(bytes)));
 }
 
 }  // namespace
 
-bool isRtfObject(const std::vector<RtfToken>& tokens, std::size_t open) {
+RtfGroup rtfGroup(const std::vector<RtfToken>& tokens, std::size_t open) {
   const Purpose purpose = purposeOf(tokens, open);
-  return purpose.starred || isOneOf(purpose.word, objects);
+  if (isOneOf(purpose.word, frames) || nameGroup(tokens, open)) return RtfGroup::frame;
+  const bool whole = purpose.starred || isOneOf(purpose.word, objects) || isStruckOut(tokens, open);
+  return whole ? RtfGroup::object : RtfGroup::text;
 }
 
 std::vector<RtfBookmarkEnd> rtfBookmarkEnds(std::string_view document, const std::vector<RtfToken>& tokens) {
@@ -106,13 +142,13 @@ std::vector<RtfBookmarkEnd> rtfBookmarkEnds(std::string_view document, const std
     if (token.kind == Kind::close) groups.pop_back();
     if (token.kind == Kind::word && token.name == "uc")
       groups.back().standIns = static_cast<std::size_t>(std::max(token.number, 0));
-    if (token.kind == Kind::word && token.name == "ansicpg") codePage = token.number;
+    if (token.kind == Kind::word) codePage = codePageAfter(token, codePage);
     if (token.kind != Kind::open) continue;
     const Purpose purpose = purposeOf(tokens, i);
     Group group = groups.back();
-    if (purpose.word == "bkmkstart" || purpose.word == "bkmkend") {
-      ends.push_back({.name = nameIn(document, tokens, i, group.standIns, codePage),
-                      .begins = purpose.word == "bkmkstart",
+    if (const std::size_t named = nameGroup(tokens, i)) {
+      ends.push_back({.name = nameIn(document, tokens, named, group.standIns, codePage),
+                      .begins = purposeOf(tokens, named).word == "bkmkstart",
                       .open = i,
                       .close = token.partner,
                       .flow = group.flow,

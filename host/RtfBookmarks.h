@@ -17,11 +17,17 @@ struct RtfBookmarkEnd {
   bool hidden = false;  // stands in what is no text at all, as the instructions of a field
 };
 
-// All ends, in the order of the document. Names are read in the document's code page.
+// All ends, in the order of the document. Names are read in the document's code page; one that cannot be
+// written in it stands twice in its group, and the one for new readers counts.
 std::vector<RtfBookmarkEnd> rtfBookmarkEnds(std::string_view document, const std::vector<RtfToken>& tokens);
 
-// Whether a group is something of its own in the text - a field, a picture, a note - and not a run of text
-// with its looks. `open` is the group's first token.
-bool isRtfObject(const std::vector<RtfToken>& tokens, std::size_t open);
+// What a group within a text is. `open` is its first token.
+enum class RtfGroup {
+  text,    // a run of text with its looks
+  object,  // something of its own - a field, a picture, a note, a text that was struck out - to be taken
+           // whole
+  frame,   // holds the text together: the end of a bookmark, the sign of a list, the row of a table
+};
+RtfGroup rtfGroup(const std::vector<RtfToken>& tokens, std::size_t open);
 
 }  // namespace ovalia::host

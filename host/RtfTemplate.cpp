@@ -17,7 +17,7 @@ constexpr std::string_view textWords[] = {
     "u",       "par",     "line",   "tab",    "page",   "column",    "lbr",       "softline",
     "emdash",  "endash",  "bullet", "lquote", "rquote", "ldblquote", "rdblquote", "emspace",
     "enspace", "qmspace", "zwj",    "zwnj",   "zwbo",   "zwnbo",     "ltrmark",   "rtlmark",
-    "chdate",  "chdpl",   "chdpa",  "chtime", "chpgn",  "sectnum"};
+    "chdate",  "chdpl",   "chdpa",  "chtime", "chpgn",  "sectnum",   "chftn",     "chatn"};
 
 // A bookmark that is to be filled, by the tokens between its two ends.
 struct Range {
@@ -50,9 +50,13 @@ bool isText(const RtfToken& token) {
   }
 }
 
-bool endsParagraph(const RtfToken& token) { return token.kind == Kind::word && token.name == "par"; }
+bool endsParagraph(const RtfToken& token) {
+  const bool lineEnd = token.kind == Kind::symbol && (token.number == '\r' || token.number == '\n');
+  return lineEnd || (token.kind == Kind::word && token.name == "par");
+}
 
-// Pairs beginnings with ends. An end closes the latest beginning of its name.
+// Pairs beginnings with ends. Of several beginnings before an end the first counts: LibreOffice writes
+// another one into the last paragraph of a bookmark over several.
 class Pairing {
  public:
   Pairing(const std::vector<RtfBookmarkEnd>& ends, const BookmarkText& textOf) {
@@ -70,8 +74,7 @@ class Pairing {
     const auto begun = std::ranges::find_if(begun_, same);
     if (end.hidden) refuse(end.name, u"está dentro de un campo");
     if (end.begins) {
-      if (begun != begun_.end()) refuse(end.name, u"empieza dos veces sin haber terminado");
-      begun_.push_back(&end);
+      if (begun == begun_.end()) begun_.push_back(&end);
       return;
     }
     if (begun == begun_.end()) refuse(end.name, u"termina sin haber empezado");
@@ -108,18 +111,11 @@ class Replacing {
   std::size_t step(std::size_t i) {
     const RtfToken& token = tokens_[i];
     const bool wholeGroup = token.kind == Kind::open && token.partner < range_.last;
-    if (wholeGroup && isBookmark(i)) return token.partner;
-    if (wholeGroup && isRtfObject(tokens_, i)) {
-      removed_.push_back({i, token.partner});
-      return token.partner;
-    }
+    const RtfGroup group = wholeGroup ? rtfGroup(tokens_, i) : RtfGroup::text;
+    if (group == RtfGroup::object) removed_.push_back({i, token.partner});
+    if (group != RtfGroup::text) return token.partner;
     if (isText(token) || token.kind == Kind::binary) removed_.push_back({i, i});
     return i;
-  }
-
-  bool isBookmark(std::size_t open) const {
-    const auto& word = tokens_[open + 2].name;
-    return word == "bkmkstart" || word == "bkmkend";
   }
 
   void keepLastParagraphEnd() {

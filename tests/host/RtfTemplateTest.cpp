@@ -86,6 +86,56 @@ TEST(RtfFilling, joins_paragraphs_inside_but_not_with_the_next_one) {
   EXPECT_EQ(filledBody(bookmark("A", "\\par "), {{u"A", u"x"}}), page(bookmark("A", "{\\uc1 x}\\par ")));
 }
 
+TEST(RtfFilling, keeps_the_signs_of_lists_and_the_frames_of_tables_in_tables) {
+  for (const char* sign :
+       {"{\\listtext\\f1 \\'b7\\tab }", "{\\pntext\\f1 \\'b7\\tab }{\\*\\pn\\pnlvlblt{\\pntxtb\\'b7}}",
+        "{\\*\\nesttableprops\\trowd\\nestrow}{\\nonesttables\\par }"})
+    EXPECT_EQ(filledBody(bookmark("A", std::string(sign) + "uno"), {{u"A", u"x"}}),
+              page(bookmark("A", std::string(sign) + "{\\uc1 x}")))
+        << sign;
+}
+
+// A word processor writes the bookmark over a link so that one of its ends is within.
+TEST(RtfFilling, changes_the_text_of_a_link_that_a_bookmark_reaches_into) {
+  const std::string start = "{\\*\\bkmkstart A}", end = "{\\*\\bkmkend A}",
+                    link = "{\\field{\\*\\fldinst HYPERLINK x}";
+  EXPECT_EQ(filledBody(link + "{\\fldrslt {\\ul " + start + "enlace}{}}}" + end + " y", {{u"A", u"x"}}),
+            page(link + "{\\fldrslt {\\ul " + start + "{\\uc1 x}}{}}}" + end + " y"));
+  EXPECT_EQ(filledBody(start + "uno" + link + "{\\fldrslt enl" + end + "ace}}", {{u"A", u"x"}}),
+            page(start + "{\\uc1 x}" + link + "{\\fldrslt " + end + "ace}}"));
+}
+
+TEST(RtfFilling, begins_with_the_first_of_several_beginnings) {
+  const std::string again = "{\\*\\bkmkstart A}";
+  EXPECT_EQ(filledBody(again + "uno\\par " + bookmark("A", "dos") + "\\par ", {{u"A", u"x"}}),
+            page(again + "{\\uc1 x}" + again + "{\\*\\bkmkend A}\\par "));
+}
+
+TEST(RtfFilling, puts_no_text_where_a_change_was_struck_out) {
+  EXPECT_EQ(
+      filledBody(bookmark("A", "{\\b\\deleted\\revauthdel1 viejo}{\\i\\revised nuevo}"), {{u"A", u"x"}}),
+      page(bookmark("A", "{\\uc1 x}{\\i\\revised }")));
+}
+
+TEST(RtfFilling, takes_the_sign_of_a_note_out_with_the_note) {
+  EXPECT_EQ(filledBody(bookmark("A", "uno{\\super\\chftn {\\footnote\\chftn nota}}"), {{u"A", u"x"}}),
+            page(bookmark("A", "{\\uc1 x}{\\super}")));
+}
+
+TEST(RtfFilling, knows_a_backslash_before_a_line_end_for_the_end_of_a_paragraph) {
+  EXPECT_EQ(filledBody(bookmark("A", "uno\\\n") + "dos", {{u"A", u"x"}}),
+            page(bookmark("A", "{\\uc1 x}\\\n") + "dos"));
+}
+
+// Old readers have a drawing of their own of each text box.
+TEST(RtfFilling, fills_a_box_in_both_of_its_drawings) {
+  const auto boxes = [](const std::string& inside) {
+    return "{\\shp{\\*\\shpinst{\\shptxt " + bookmark("A", inside) +
+           "}}{\\shprslt{\\*\\do\\dptxbx{\\dptxbxtext " + bookmark("A", inside) + "}\\dpx1}}}";
+  };
+  EXPECT_EQ(filledBody(boxes("1"), {{u"A", u"x"}}), page(boxes("{\\uc1 x}")));
+}
+
 TEST(RtfFilling, skips_the_bytes_of_a_picture_whatever_they_look_like) {
   const std::string picture = "{\\pict\\bin7 }}{\\*\\}x";
   EXPECT_EQ(filledBody(picture + "}" + bookmark("A", ""), {{u"A", u"x"}}),
@@ -121,6 +171,38 @@ TEST(RtfNames, are_read_in_every_way_of_writing_an_accent) {
   EXPECT_THAT(names("\\uc0 " + bookmark("Ubicaci\\u243 n", "x")), ElementsAre(u"Ubicación"));
 }
 
+TEST(RtfNames, are_read_in_the_code_page_of_the_document) {
+  struct Row {
+    const char *start, *written;
+  };
+  for (const Row& row : {Row{"{\\rtf1\\pca ", "Ubicaci\\'a2n"},
+                         {"{\\rtf1\\pc ", "Ubicaci\\'a2n"},
+                         {"{\\rtf1\\mac ", "Ubicaci\\'97n"},
+                         {"{\\rtf1\\ansi\\ansicpg850 ", "Ubicaci\\'a2n"},
+                         {"{\\rtf1\\ansi\\ansicpg1250 ", "Ubicaci\\'f3n"},
+                         {"{\\rtf1\\mac\\ansicpg10000 ", "Ubicaci\\'97n"},
+                         {"{\\rtf1\\ansi\\ansicpg99999 ", "Ubicaci\\'f3n"}})
+    EXPECT_THAT(rtfBookmarks(page(bookmark(row.written, "x"), row.start)), ElementsAre(u"Ubicación"))
+        << row.start;
+  EXPECT_THAT(rtfBookmarks(page(bookmark("\\'c1\\'e2", "x"), "{\\rtf1\\ansi\\ansicpg1253 ")),
+              ElementsAre(u"Αβ"));
+  EXPECT_THAT(rtfBookmarks(page(bookmark("\\'93\\'fa\\'81", "x"), "{\\rtf1\\ansi\\ansicpg932 ")),
+              ElementsAre(u"日\uFFFD"));
+}
+
+// A name beyond the code page stands there twice, once for old readers.
+TEST(RtfNames, are_those_for_new_readers_where_there_are_two) {
+  const auto end = [](const std::string& which) {
+    return "{\\upr{\\*\\bkmk" + which + " Ubicaci?n}{\\*\\ud{\\*\\bkmk" + which + " Ubicaci\\u243 ?n}}}";
+  };
+  const std::string body = end("start") + "x" + end("end");
+  EXPECT_THAT(rtfBookmarks(page(body)), ElementsAre(u"Ubicación"));
+  EXPECT_EQ(filledBody(body, {{u"Ubicación", u"Colón"}}),
+            page(end("start") + "{\\uc1 Col\\u243?n}" + end("end")));
+  EXPECT_EQ(filledBody(bookmark("A", "uno" + body + "dos"), {{u"A", u"y"}}),
+            page(bookmark("A", "{\\uc1 y}" + end("start") + end("end"))));
+}
+
 TEST(RtfNames, are_told_once_each_in_their_order_with_those_of_headers_and_boxes) {
   EXPECT_THAT(rtfBookmarks(page("{\\header " + bookmark("B", "") + "}" + bookmark("A", "") +
                                 bookmark("b", "") + "{\\shp{\\*\\shpinst{\\shptxt " + bookmark("C", "") +
@@ -143,8 +225,8 @@ TEST(RtfDamage, of_a_bookmark_names_it) {
   EXPECT_THAT(refusal(page("{\\*\\bkmkstart A}x")), HasSubstr("«A» de la plantilla no tiene final"));
   EXPECT_THAT(refusal(page("x{\\*\\bkmkend A}")),
               HasSubstr("«A» de la plantilla termina sin haber empezado"));
-  EXPECT_THAT(refusal(page("{\\*\\bkmkstart A}{\\*\\bkmkstart A}{\\*\\bkmkend A}")),
-              HasSubstr("«A» de la plantilla empieza dos veces"));
+  EXPECT_THAT(refusal(page("{\\*\\bkmkstart A}{\\*\\bkmkstart A}{\\*\\bkmkend A}{\\*\\bkmkend A}")),
+              HasSubstr("«A» de la plantilla termina sin haber empezado"));
   EXPECT_THAT(refusal(page("{\\header {\\*\\bkmkstart A}x}{\\*\\bkmkend A}")),
               HasSubstr("empieza en una parte del documento y termina en otra"));
   EXPECT_THAT(refusal(page("{\\field{\\*\\fldinst " + bookmark("A", "x") + "}{\\fldrslt }}")),
