@@ -1,6 +1,7 @@
 // A mail in the hands of the desktop's mail program: a small program of the test's own stands on the path.
 #include "desktop/MailProgram.h"
 
+#include <signal.h>
 #include <sys/stat.h>
 
 #include <QDir>
@@ -106,8 +107,8 @@ TEST_F(MailProgram, does_not_take_a_text_that_no_command_line_holds) {
 }
 
 TEST_F(MailProgram, that_goes_on_running_has_the_mail_and_the_windows_live_meanwhile) {
-  install("for second in 1 2 3 4 5 6 7 8 9; do test -f \"" + log("sigue") +
-          "\" && break; sleep 1; done\necho fin >\"" + log("fin") + "\"");
+  install("echo $$ >\"" + log("proceso") + "\"\nfor second in 1 2 3 4 5 6 7 8 9; do test -f \"" +
+          log("sigue") + "\" && break; sleep 1; done\necho fin >\"" + log("fin") + "\"");
   int beats = 0;
   QTimer pulse;
   QObject::connect(&pulse, &QTimer::timeout, &pulse, [&] { ++beats; });
@@ -117,6 +118,8 @@ TEST_F(MailProgram, that_goes_on_running_has_the_mail_and_the_windows_live_meanw
   EXPECT_GT(beats, 1);
   folder.putFile("sigue", "");
   EXPECT_TRUE(eventually([&] { return folder.has("fin"); })) << "it was left alone";
+  const pid_t program = std::stoi(folder.content("proceso"));
+  EXPECT_TRUE(eventually([&] { return kill(program, 0) != 0; })) << "nothing is kept of it once it has ended";
 }
 
 TEST_F(MailProgram, gets_no_document_that_is_not_there) {
