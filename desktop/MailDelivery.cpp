@@ -31,7 +31,7 @@ void compose(const MailMessage& message, QFileDevice& file, const Meanwhile& mea
   writing.get();
 }
 
-// A new file of the folder, open for writing; null when there can be none.
+// A new file of the folder that nobody else may read, open for writing; null when there can be none.
 std::unique_ptr<QFile> newFileIn(const QString& folder) {
   if (folder.isEmpty() || !QFileInfo(folder).isDir()) return nullptr;
   const QString stem = QStringLiteral("Correo %1")
@@ -39,15 +39,19 @@ std::unique_ptr<QFile> newFileIn(const QString& folder) {
   for (int n = 1; n < 100; ++n) {
     const QString name = n == 1 ? stem : QStringLiteral("%1 (%2)").arg(stem).arg(n);
     auto file = std::make_unique<QFile>(QDir(folder).filePath(name + QStringLiteral(".eml")));
-    if (file->open(QIODevice::WriteOnly | QIODevice::NewOnly)) return file;
+    if (file->open(QIODevice::WriteOnly | QIODevice::NewOnly,
+                   QFileDevice::ReadOwner | QFileDevice::WriteOwner))
+      return file;
     if (!file->exists()) return nullptr;
   }
   return nullptr;
 }
 
+// The folder for passing files last: it does not outlive the day.
 std::unique_ptr<QFile> newFile() {
-  if (auto file = newFileIn(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation))) return file;
-  if (auto file = newFileIn(QDir::tempPath())) return file;
+  const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+  for (const QString& folder : {documents, QDir::homePath(), QDir::tempPath()})
+    if (auto file = newFileIn(folder)) return file;
   throw Failure(failure::pathFileAccess);
 }
 

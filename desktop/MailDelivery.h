@@ -15,8 +15,9 @@ Text configuredSender();  // "" when none is set
 // where none can be written.
 Text deliverMail(const SmtpServer& server, const MailMessage& message, const Meanwhile& meanwhile);
 
-// Keeps the message as a file in the user's documents, which a mail program opens as one that is yet to be
-// sent; gives its path in the system's form. Failures as above.
+// Keeps the message as a file in the user's documents (the home folder where there are none), which nobody
+// else may read and a mail program opens as one that is yet to be sent; gives its path in the system's form.
+// Failures as above.
 Text keepMail(const MailMessage& message);
 
 }  // namespace ovalia::desktop

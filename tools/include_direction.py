@@ -34,7 +34,7 @@ LIBRARIES = {
     "system": r"(unistd|fcntl|dirent|sys/\w+|pwd|time|signal|spawn|stdlib)\.h",
     "engines": r"(sqlite3\.h|unicode/\w+\.h|libpq-fe\.h)",
     "desktop": r"(Q\w+(/\w+(\.h)?)?|zip\.h|gmime/gmime\.h|curl/curl\.h|(unistd|fcntl|pwd|sys/\w+)\.h)",
-    "host": r"(Q\w+(/\w+(\.h)?)?|sqlite3\.h)",
+    "host": r"(Q\w+(/\w+(\.h)?)?|sqlite3\.h|iconv\.h)",
     "bench": r".*",
     "tests": r".*",
 }

@@ -70,6 +70,25 @@ TEST_F(Mail, goes_to_the_server_with_its_attachments) {
   EXPECT_TRUE(eml().isEmpty());
 }
 
+TEST_F(Mail, is_kept_where_nobody_else_reads_it) {
+  here.screen.expectBoxLike(u"No hay un servidor de correo configurado.", u"para enviarlo.", 64, u"Correo",
+                            1);
+  send();
+  ASSERT_EQ(eml().size(), 1);
+  const auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
+  EXPECT_FALSE(QFile::permissions(documents().filePath(eml().front())) & others);
+}
+
+TEST_F(Mail, is_kept_in_the_home_folder_where_there_are_no_documents) {
+  ASSERT_TRUE(QDir().rmdir(documents().path()));
+  here.screen.expectBoxLike(u"No hay un servidor de correo configurado.", u"para enviarlo.", 64, u"Correo",
+                            1);
+  send();
+  const QStringList kept = QDir::home().entryList({"Correo *.eml"});
+  ASSERT_EQ(kept.size(), 1);
+  EXPECT_TRUE(QDir::home().remove(kept.front()));
+}
+
 TEST_F(Mail, without_a_server_is_kept_as_a_file_and_the_user_told_where) {
   here.screen.expectBoxLike(u"No hay un servidor de correo configurado.", u"para enviarlo.", 64, u"Correo",
                             1);
