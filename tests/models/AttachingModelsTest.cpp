@@ -3,10 +3,11 @@
 
 #include <functional>
 
+#include "commands/CommandRouting.h"
 #include "models/Templates.h"
 #include "tests/cardkit/Attachments.h"
+#include "tests/cardkit/ModelTables.h"
 #include "tests/exchange/PassedMarks.h"
-#include "tests/models/ModelTables.h"
 
 namespace ovalia {
 namespace {
@@ -152,6 +153,15 @@ TEST_F(AttachingModels, lists_it_on_the_card_and_leaves_the_rest_of_it_alone) {
     EXPECT_EQ(state(), modificada);
     EXPECT_EQ(card(u"txtNotas"), u"Sin guardar");
     putAway();
+  });
+}
+
+TEST_F(AttachingModels, is_a_command_that_writes_the_row) {
+  openCard([&] {
+    desk.whileShown([&] { user.clicks(u"cmdAceptar"); });
+    dNota_Menu(instance, u"Documentos", u"ID_Modelo");
+    EXPECT_THAT(rows(), ElementsAre(u"1: 120 1 501 Contrato.doc < 120F00.doc"));
+    EXPECT_THAT(host.events, Contains(u"AbrirDoc(\\Datos\\Agencia\\Doc1\\Doc2\\Doc0\\120F00.doc)"));
   });
 }
 

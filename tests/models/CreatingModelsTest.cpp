@@ -7,8 +7,8 @@
 #include "forms/Form.h"
 #include "routines/Trap.h"
 #include "tests/cardkit/Attachments.h"
+#include "tests/cardkit/ModelTables.h"
 #include "tests/cardkit/RecordingScreen.h"
-#include "tests/models/ModelTables.h"
 
 namespace ovalia {
 namespace {
@@ -403,6 +403,21 @@ TEST_F(CreatingModels, a_copy_that_fails_writes_no_row_and_the_form_stays) {
     EXPECT_TRUE(desk.top().Visible());
   });
   EXPECT_THAT(modelRows(), IsEmpty());
+}
+
+// 3167 asks the form on top to load its records, which this one cannot: the failure is that of the next
+// procedure out.
+TEST_F(CreatingModels, an_annotation_that_another_user_deletes_meanwhile_makes_no_model) {
+  create([&] {
+    otherUser.deletesTheRow();
+    expectBox(u"La ficha acaba de ser borrada por otro usuario y\r\nno se volverá a visualizar.", 4144,
+              u"Error");
+    expectReport(u"cmdAceptar_Click de frmModelo", failure::noSuchMember);
+    user.clicks(u"cmdAceptar");
+    EXPECT_TRUE(desk.top().Visible());
+  });
+  EXPECT_THAT(modelRows(), IsEmpty());
+  EXPECT_THAT(modelFiles(), IsEmpty());
 }
 
 TEST_F(CreatingModels, a_row_that_is_refused_leaves_the_file_and_the_name_is_taken) {

@@ -4,8 +4,8 @@
 
 #include "models/ModelListForm.h"
 #include "tests/cardkit/CardTest.h"
+#include "tests/cardkit/ModelTables.h"
 #include "tests/kit/FakeRecordset.h"
-#include "tests/models/ModelTables.h"
 
 namespace ovalia::kit {
 

@@ -202,6 +202,33 @@ TEST_F(ModelDeletion, a_row_that_the_database_keeps_is_reported_and_ends_it) {
   EXPECT_THAT(files(), ElementsAre(u"fianza.doc", u"Ñapa.doc")) << "the first document is in the bin";
 }
 
+// What was done stays done, and nothing was marked anew: the next attempt meets the mark of a row that is
+// gone and ends there. Who marks the rows again can go on.
+TEST_F(ModelDeletion, that_ends_half_way_leaves_the_marks_as_they_were) {
+  choose([&] {
+    mark({0, 1, 3});
+    expectSeveral();
+    here.faults.failNth("Recordset.Delete", 2, dao::failure::locked);
+    expectReport(u"AntesBorrarPlantilla2 de ListaModelos", dao::failure::locked);
+    user.deletesRows();
+    EXPECT_THAT(names(), ElementsAre(u"fianza.doc", u"perdido.doc", u"Ñapa.doc"));
+    EXPECT_THAT(grid().markedRows(), ElementsAre(-1, 0, 2));
+    EXPECT_THAT(files(), ElementsAre(u"Ñapa.doc")) << "the second document is in the bin, its row stays";
+
+    expectSeveral();
+    expectReport(u"AntesBorrarPlantilla2 de ListaModelos", dao::failure::noCurrentRecord);
+    user.deletesRows();
+    EXPECT_EQ(names().size(), 3u);
+
+    mark({0, 2});
+    expectSeveral();
+    expectBox(u"Error devuelto: 2, 2");
+    user.deletesRows();
+    EXPECT_THAT(names(), ElementsAre(u"perdido.doc"));
+    EXPECT_THAT(grid().SelBookmarks(), IsEmpty());
+  });
+}
+
 TEST_F(ModelDeletion, a_name_that_cannot_be_read_keeps_its_row) {
   choose([&] {
     mark({0});

@@ -59,6 +59,9 @@ TEST_F(ModelList, is_a_new_form_each_time) {
     EXPECT_EQ(lastStatement(), wholeList + u"ORDER BY Plantilla.Nombre ASC");
     EXPECT_EQ(caption(u"cmdSel"), u"Seleccionar");
     EXPECT_EQ(text(u"txtNotas"), u"");
+    user.clicksHeading(1);
+    EXPECT_EQ(lastStatement(), wholeList + u"ORDER BY Plantilla.Nombre DESC")
+        << "the first click on it again";
   });
 }
 

@@ -1,4 +1,4 @@
-#include "tests/models/ModelTables.h"
+#include "tests/cardkit/ModelTables.h"
 
 #include "tests/cardkit/AgencyStatements.h"
 
