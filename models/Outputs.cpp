@@ -27,7 +27,7 @@ void ImprimirNota(Instance& nota) {
     if (!chosen) return;
     Text notKept;
     ObjectRef word;
-    nota.nota.NuevoDoc(notKept, *chosen, word);
+    nota.nota.NuevoDoc(notKept, chosen->path, word);
     Pasa_Datos_Dlg(nota, paraImprimir, word);
   });
 }

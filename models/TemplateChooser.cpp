@@ -7,7 +7,7 @@
 
 namespace ovalia {
 
-std::optional<Text> chosenTemplate(Instance& nota, TextView folder, bool HayDonde) {
+std::optional<ChosenTemplate> chosenTemplate(Instance& nota, TextView folder, bool HayDonde) {
   constexpr std::int32_t information = 64;
   const Text mask = join(modelFolder(dataFolder(nota)), folder, u"*.dot");
   if (Platform::current().files->firstMatch(mask).empty()) {
@@ -20,7 +20,7 @@ std::optional<Text> chosenTemplate(Instance& nota, TextView folder, bool HayDond
   if (!callMember(chooser, u"Mostrar", {mask}).toBoolean()) return {};
   nota.FormActiva = getMember(nota.nota.frmBase, u"ActiveForm").toObject();
   getMember(chooser, u"NomFich");
-  return logicPath(getMember(chooser, u"QueImprimir").text());
+  return ChosenTemplate{logicPath(getMember(chooser, u"QueImprimir").text()), chooser};
 }
 
 }  // namespace ovalia

@@ -65,9 +65,9 @@ void AdjuntarPlantilla(Instance& nota, bool NotaGrabada) {
     const std::int32_t record = getMember(objectAt(nota.FormActiva, {u"vClase"}), u"IdRegistro").toLong();
     // The form's title stands where an extension should; it is none, and so the document becomes a ".doc".
     Place place = freePlace(nota, record, getMember(nota.FormActiva, u"Caption").text());
-    if (NotaGrabada) AniadirArch(nota, replaceAll(*chosen, u".dot", u".doc"), place.name);
+    if (NotaGrabada) AniadirArch(nota, replaceAll(chosen->path, u".dot", u".doc"), place.name);
     ObjectRef word;
-    nota.nota.NuevoDoc(place.path, *chosen, word);
+    nota.nota.NuevoDoc(place.path, chosen->path, word);
     Pasa_Datos_Dlg(nota, paraAdjuntar, word);
   });
 }

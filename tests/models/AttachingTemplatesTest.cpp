@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "commands/CommandRouting.h"
 #include "models/Templates.h"
 #include "tests/models/PlayedChooser.h"
 
@@ -49,6 +50,14 @@ TEST_F(AttachingTemplates, makes_a_chooser_each_time_and_keeps_none) {
   EXPECT_EQ(chooser.use_count(), 1);
 }
 
+TEST_F(AttachingTemplates, keeps_the_chooser_until_the_document_is_filled) {
+  std::vector<long> held;
+  host.answers.NuevoDoc = [&](Text&, Text&, ObjectRef&) { held.push_back(chooser.use_count()); };
+  host.answers.PasaDatosaDoc = [&](Variant&, Variant&, ObjectRef&) { held.push_back(chooser.use_count()); };
+  attach();
+  EXPECT_THAT(held, ElementsAre(2, 2));
+}
+
 TEST_F(AttachingTemplates, fills_the_document_without_the_notes) {
   attach();
   ASSERT_THAT(passed, SizeIs(1));
@@ -65,6 +74,13 @@ TEST_F(AttachingTemplates, lists_it_on_the_card_before_it_is_made) {
     };
     attach();
     EXPECT_EQ(at(5), u"Adjunto: Oferta.doc.");
+  });
+}
+
+TEST_F(AttachingTemplates, is_a_command_that_writes_the_row) {
+  openCard([&] {
+    dNota_Menu(instance, u"Documentos", u"ID_Plantilla");
+    EXPECT_THAT(rows(), ElementsAre(u"1: 120 1 501 Oferta.doc < 120F00.doc"));
   });
 }
 

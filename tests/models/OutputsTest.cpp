@@ -52,6 +52,14 @@ TEST_F(Printing, asks_the_chooser_for_the_templates_of_the_kind) {
   EXPECT_EQ(chooser.use_count(), 1);
 }
 
+TEST_F(Printing, keeps_the_chooser_until_the_document_is_filled) {
+  std::vector<long> held;
+  host.answers.NuevoDoc = [&](Text&, Text&, ObjectRef&) { held.push_back(chooser.use_count()); };
+  host.answers.PasaDatosaDoc = [&](Variant&, Variant&, ObjectRef&) { held.push_back(chooser.use_count()); };
+  print();
+  EXPECT_THAT(held, ElementsAre(2, 2));
+}
+
 TEST_F(Printing, fills_the_document_with_the_notes) {
   print();
   ASSERT_THAT(passed, SizeIs(1));
@@ -135,6 +143,20 @@ TEST_F(Mailing, hands_over_the_marks_of_the_row_in_focus_without_a_card) {
   EMailNota(instance);
   EXPECT_EQ(at(26), u"Id: 120");
   EXPECT_THAT(host.events, ElementsAre(u"PasaDatosEMail()"));
+}
+
+// 3167 asks the form on top to load its records, which a card cannot: the failure is that of the next
+// procedure out.
+TEST_F(Mailing, of_a_note_that_another_user_has_deleted_is_reported_and_hands_over_nothing) {
+  openCard([&] {
+    otherUser.deletesTheRow();
+    expectBox(u"La ficha acaba de ser borrada por otro usuario y\r\nno se volverá a visualizar.", 4144,
+              u"Error");
+    expectReport(u"EMailNota de CNota", failure::noSuchMember);
+    EMailNota(instance);
+    EXPECT_THAT(passed, IsEmpty());
+    putAway();
+  });
 }
 
 class Exporting : public kit::CardTest {
