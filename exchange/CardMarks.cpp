@@ -66,8 +66,9 @@ Found beginning(const Source& source, const CardMark& mark) {
 
 bool ticked(const Source& source, TextView control) { return source.value(control).toLong() == 1; }
 
+// The second control is the first in the spelling in which it is looked for, where that is another.
 Found yesOrNo(const Source& source, const CardMark& mark) {
-  if (!source.has(mark.control)) return {};
+  if (!source.has(mark.second.empty() ? mark.control : mark.second)) return {};
   return ticked(source, mark.control) ? u"Sí" : u"No";
 }
 
@@ -103,7 +104,7 @@ constexpr CardMark cardMarks[] = {
     {16, u"Realizada", u"chkRealizada", yesOrNo},
     {17, u"FechaInicio", u"dtpFechaInicio", date},
     {18, u"Dias", u"txtNDias", text},
-    {19, u"Enviar", u"chkEnviar", yesOrNo},
+    {19, u"Enviar", u"chkEnviar", yesOrNo, u"chkenviar"},
     {20, u"Enviada", u"dtpFechaEnvio", moment, u"dtpHoraEnvio"},
     {21, u"Id", u"", number},
 };

@@ -54,17 +54,21 @@ Text notes(Source& source, const RecordMark& mark) {
   return source.modo == paraAdjuntar ? Text() : source.text(mark.field);
 }
 
-Text momentIn(const Source& source, TextView field) {
-  const Variant moment = source.value(field);
+Text shown(const Variant& moment) {
   return moment.isNull() ? Text() : markMoment(markDate(moment), markTime(moment));
 }
 
-Text moment(Source& source, const RecordMark& mark) { return momentIn(source, mark.field); }
+Text moment(Source& source, const RecordMark& mark) { return shown(source.value(mark.field)); }
+
+// Lists are asked whether they have the day of writing in the spelling that is the second field.
+Text writing(Source& source, const RecordMark& mark) {
+  return source.has(mark.second) ? shown(source.rows.value(mark.field)) : Text();
+}
 
 // What has no beginning of its own began when it was written down, but for a note.
 Text beginning(Source& source, const RecordMark& mark) {
-  if (source.has(mark.field)) return momentIn(source, mark.field);
-  return source.nota.nota.Tipo == u"Nota" ? Text() : momentIn(source, mark.second);
+  if (source.has(mark.field)) return shown(source.rows.value(mark.field));
+  return source.nota.nota.Tipo == u"Nota" ? Text() : shown(source.value(mark.second));
 }
 
 Text yesOrNo(Source& source, const RecordMark& mark) {
@@ -114,7 +118,7 @@ constexpr RecordMark recordMarks[] = {
     {0, u"Asunto", u"Asunto", subject, u"Donde"},
     {1, u"Categorias", u"Categorias", text},
     {2, u"Autor", u"Usuario", text, u"", pair},
-    {4, u"Fecha", u"FechaAlta", moment},
+    {4, u"Fecha", u"FechaAlta", writing, u"Fechaalta"},
     {5, u"Acceso", u"TipoAccNota", text},
     {6, u"Adjunto", u"", attachedNames},
     {7, u"AdjuntoEMail", u"", attachedPaths},

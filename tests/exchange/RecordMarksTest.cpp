@@ -1,7 +1,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <optional>
+
 #include "tests/exchange/PassedMarks.h"
+#include "tests/kit/FakeRecordset.h"
 
 namespace ovalia {
 namespace {
@@ -9,7 +12,41 @@ namespace {
 using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::Not;
 using testing::SizeIs;
+
+// A list that keeps the names by which its fields are looked for and read.
+class AskedList : public kit::FakeRecordset {
+ public:
+  using FakeRecordset::FakeRecordset;
+  std::vector<Text> lookedFor, read;
+
+  dao::Fields& fields() override {
+    asked_.emplace(*this, FakeRecordset::fields());
+    return *asked_;
+  }
+
+ private:
+  class Asked : public dao::Fields {
+   public:
+    Asked(AskedList& list, dao::Fields& fields) : list_(list), fields_(fields) {}
+    std::size_t count() const override { return fields_.count(); }
+    std::shared_ptr<dao::Field> at(std::size_t position) override { return fields_.at(position); }
+    std::shared_ptr<dao::Field> item(TextView name) override {
+      list_.read.emplace_back(name);
+      return fields_.item(name);
+    }
+    bool contains(TextView name) override {
+      list_.lookedFor.emplace_back(name);
+      return fields_.contains(name);
+    }
+
+   private:
+    AskedList& list_;
+    dao::Fields& fields_;
+  };
+  std::optional<Asked> asked_;
+};
 
 class RecordMarks : public PassedMarks {
  protected:
@@ -76,6 +113,16 @@ TEST_F(RecordMarks, of_a_call_are_these) {
                           u"23 Dias: ", u"24 Enviar: ", u"25 Enviada: ", u"26 Id: 501"));
 }
 
+TEST_F(RecordMarks, look_for_the_day_of_writing_in_a_spelling_of_its_own) {
+  const auto asked = std::make_shared<AskedList>(list, database, here.faults);
+  nota.crs = asked;
+  focusOnNotes();
+  EXPECT_THAT(pass(), Contains(u"4 Fecha: 02/03/26 - 10:15"));
+  EXPECT_THAT(asked->lookedFor, Contains(Text(u"Fechaalta")));
+  EXPECT_THAT(asked->lookedFor, Not(Contains(Text(u"FechaAlta"))));
+  EXPECT_THAT(asked->read, Contains(Text(u"FechaAlta")));
+}
+
 TEST_F(RecordMarks, leave_the_notes_of_a_document_that_is_kept_empty) {
   focusOnNotes();
   pass(paraAdjuntar);
@@ -128,6 +175,14 @@ TEST_F(RecordMarks, take_the_day_of_writing_for_a_missing_beginning_but_of_notes
   pass();
   EXPECT_EQ(at(10), u"Comienzo: ");
   EXPECT_EQ(at(11), u"Comienzo2: ");
+}
+
+TEST_F(RecordMarks, of_a_note_with_a_beginning_of_its_own_show_it) {
+  give(u"FechaComienzo", Date{46090.5});
+  focusOnNotes();
+  pass();
+  EXPECT_EQ(at(10), u"Comienzo: 09/03/26 - 12:00");
+  EXPECT_EQ(at(11), u"Comienzo2: 09/03/26 - 12:00");
 }
 
 TEST_F(RecordMarks, of_a_beginning_that_is_null_are_empty_whatever_was_written) {
