@@ -15,9 +15,8 @@ void CopiarAPortapapeles(Instance& nota);
 // Copies the document to where the user chooses in the main form's dialog; cancelling (32755) ends it without
 // a word. The folder is that of the record that the host's form shows or is adding. A chosen name without an
 // extension gets the stored one. A file that the user chose as the target goes to the recycle bin and is
-// replaced without a question, even where the bin did not take it, of which the user is told; a document that
-// cannot be found or is a folder replaces nothing, nor does one that was to replace itself (70), by whatever
-// path.
+// replaced without a word, even where the bin did not take it; a document that cannot be found or is a folder
+// replaces nothing, nor does one that was to replace itself (70), by whatever path.
 void GuardarComo(Instance& nota);
 
 // Gives the attachment another name to be shown by, in all rows of the table with that stored name. The file

@@ -30,13 +30,11 @@ struct Move {
 };
 
 // Files are looked for in a folder that is there, lest they count as missing.
-Text folderOf(const Instance& nota, std::int32_t parent) {
-  const Text folder = CreaPathDoc(nota, parent);
+void checkFolder(TextView folder, std::int32_t parent) {
   if (folder.empty())
     throw Failure(failure::pathNotFound,
                   join(u"No se ha podido preparar la carpeta de los documentos de la ficha ", parent,
                        u". Compruebe la carpeta de datos y sus permisos."));
-  return folder;
 }
 
 // Copies one file, or deletes the row of one that is missing.
@@ -77,8 +75,13 @@ void dispose(const Instance& nota, const Move& move, const Moved& moved) {
 void moveOne(const Instance& nota, Move move, const ObjectRef& form) {
   const auto rows = database().OpenRecordset(
       join(u"SELECT * FROM ", nota.nota.DocuAsoc, u" WHERE IdNota = ", move.annotation), dao::dbOpenSnapshot);
-  move.oldFolder = folderOf(nota, getMember(objectAt(form, {u"vClase"}), u"NumFicha").toLong());
-  move.newFolder = folderOf(nota, move.parent);
+  const std::int32_t oldParent = getMember(objectAt(form, {u"vClase"}), u"NumFicha").toLong();
+  move.oldFolder = CreaPathDoc(nota, oldParent);
+  move.newFolder = CreaPathDoc(nota, move.parent);
+  if (!rows->isEOF()) {
+    checkFolder(move.oldFolder, oldParent);
+    checkFolder(move.newFolder, move.parent);
+  }
   std::vector<Moved> all;
   for (; !rows->isEOF(); rows->MoveNext()) all.push_back(copied(nota, move, *rows));
   link(nota, move);

@@ -12,8 +12,8 @@ namespace ovalia {
 // there afterwards is told, and does not stop the rest; nor does an old file that the bin did not take.
 //
 // `crs`, the card, the grid and the counters are not touched: the host reads again what it shows. A failure
-// is reported and ends it, with what was moved so far in place; a folder that cannot be made is one (76),
-// before anything of the annotation is touched.
+// is reported and ends it, with what was moved so far in place; a folder that cannot be made is one (76)
+// where the annotation has attachments, before anything of it is touched.
 void TrasladaNotas(Instance& nota, std::int32_t NuevoId, std::int32_t NuevoCliente);
 
 }  // namespace ovalia

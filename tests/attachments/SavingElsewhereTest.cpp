@@ -195,13 +195,18 @@ TEST_F(SavingElsewhere, the_file_replaced_is_the_one_with_the_completed_name) {
   EXPECT_EQ(here.files.content(u"\\home\\ana\\informe.pdf"), u"el plano");
 }
 
-TEST_F(SavingElsewhere, a_file_that_the_bin_does_not_take_is_told_and_replaced) {
-  here.files.putFile(target, u"lo de antes");
-  here.shell.nextRecycle = Shell::RecycleResult{.code = 31, .lastError = 31};
-  userSavesAs(target);
-  expectBox(u"Error devuelto: 31, 31");
-  save();
-  EXPECT_EQ(here.files.content(target), u"el plano");
+TEST_F(SavingElsewhere, a_file_that_the_bin_does_not_take_is_replaced_without_a_word) {
+  for (const bool fails : {false, true}) {
+    here.files.putFile(target, u"lo de antes");
+    if (fails)
+      here.faults.failNext("Shell.recycle", failure::permissionDenied);
+    else
+      here.shell.nextRecycle = Shell::RecycleResult{.code = 31, .lastError = 31};
+    userSavesAs(target);
+    save();
+    EXPECT_EQ(here.files.content(target), u"el plano") << fails;
+    EXPECT_EQ(statusText(), u"Listo");
+  }
 }
 
 TEST_F(SavingElsewhere, a_document_that_is_missing_replaces_nothing) {

@@ -129,10 +129,24 @@ TEST_F(MovingAnnotations, a_data_folder_that_cannot_be_reached_takes_no_file_for
   document(501, u"120F00.pdf", u"el plano");
   nota.AppDirUser = u"\\Red\\Agencia";
   expectReport(u"CreaPathDoc de CNota", failure::pathNotFound);
+  expectReport(u"CreaPathDoc de CNota", failure::pathNotFound);
   expectReport(u"TrasladaNotas de CNota", failure::pathNotFound);
   move();
   EXPECT_THAT(rows(), SizeIs(1));
   EXPECT_FALSE(moved(501));
+}
+
+TEST_F(MovingAnnotations, an_annotation_without_attachments_moves_though_no_folder_can_be_reached) {
+  document(502, u"120F00.pdf", u"el plano");
+  mark({501, 502, 503});
+  nota.AppDirUser = u"\\Red\\Agencia";
+  for (int folder = 1; folder <= 4; ++folder) expectReport(u"CreaPathDoc de CNota", failure::pathNotFound);
+  expectReport(u"TrasladaNotas de CNota", failure::pathNotFound);
+  move();
+  EXPECT_TRUE(moved(501));
+  EXPECT_EQ(linkOf(502), u"120 21") << "this one has a document";
+  EXPECT_EQ(linkOf(503), u"120 21") << "and is the last";
+  EXPECT_THAT(rows(), ElementsAre(u"1: 120 1 502 plano < 120F00.pdf"));
 }
 
 TEST_F(MovingAnnotations, a_row_without_a_stored_name_ends_it) {
