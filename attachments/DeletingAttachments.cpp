@@ -23,8 +23,19 @@ bool isYes(const Text& question, TextView title) {
 }
 
 struct StoredDocument {
-  Text folder, name;
+  Text name;
+  Text folder = {};
+  Text path = {};  // for the user's eyes only: a name that no file can have stands in it too
 };
+
+void find(const Instance& nota, StoredDocument& document) {
+  document.folder = CreaPathDoc(nota, nota.crs().value(u"Id").toLong());
+  document.path = join(dataFolder(nota), u"\\", document.folder, document.name);
+}
+
+bool hasAttachments(const Instance& nota) {
+  return compareLess(std::int32_t(0), nota.crs().value(u"Narchivos")).holds();
+}
 
 void recycle(const Instance& nota, const StoredDocument& document) {
   const bool canExist = document.folder.empty() || isStoredName(document.name);
@@ -47,12 +58,10 @@ void showWhatIsLeft(Instance& nota) {
   if (nota.dNota && nota.dNota->Visible()) RefrescoDocs(nota);
 }
 
-AfterFailure tell(const Instance& nota, const StoredDocument& document, bool inUse) {
-  // For the user's eyes only: a name that no file can have is shown as it stands.
-  const Text path = join(dataFolder(nota), u"\\", document.folder, document.name);
-  const Text text = inUse ? join(u"El documento adjunto (", path, u") está abierto en Word;", CRLF,
+AfterFailure tell(const StoredDocument& document, bool inUse) {
+  const Text text = inUse ? join(u"El documento adjunto (", document.path, u") está abierto en Word;", CRLF,
                                  u"ciérrelo y vuelva a intentarlo.")
-                          : join(u"El documento adjunto (", path, u") no existe.");
+                          : join(u"El documento adjunto (", document.path, u") no existe.");
   MostrarMensaje(text, exclamation, u"Borrar");
   return inUse ? AfterFailure::leave : AfterFailure::goOn;
 }
@@ -61,9 +70,9 @@ AfterFailure afterFailure(const Instance& nota, const StoredDocument& document, 
   switch (number) {
     case failure::fileNotFound:
     case failure::pathFileAccess:
-      return tell(nota, document, !storedFile(nota, document.folder, document.name).empty());
+      return tell(document, !storedFile(nota, document.folder, document.name).empty());
     case failure::permissionDenied:
-      return tell(nota, document, true);
+      return tell(document, true);
     default:
       return AfterFailure::passItOn;
   }
@@ -74,15 +83,7 @@ AfterFailure afterFailure(const Instance& nota, const StoredDocument& document, 
 bool BorrarDocNota(Instance& nota, TextView NArch, bool Preguntar) {
   std::exception_ptr whileHandling;
   const bool done = procedure(u"BorrarDocNota de CNota", true, [&](bool& result) {
-    const StoredDocument document{CreaPathDoc(nota, nota.crs().value(u"Id").toLong()), Text(NArch)};
-    const Variant counter = nota.crs().value(u"Narchivos");
-    if (!compareLess(std::int32_t(0), counter).holds() || document.name.empty()) return;
-    if (Preguntar &&
-        !isYes(join(u"El documento adjunto a la nota se borrará.", CRLF, CRLF, u"¿Desea continuar?"),
-               u"Borrar")) {
-      result = false;
-      return showWhatIsLeft(nota);
-    }
+    StoredDocument document{.name = Text(NArch)};
     const auto decide = [&](const Failure& failed) {
       AfterFailure after = AfterFailure::leave;
       try {
@@ -93,6 +94,16 @@ bool BorrarDocNota(Instance& nota, TextView NArch, bool Preguntar) {
       if (after == AfterFailure::leave || failed.number() == failure::pathNotFound) result = false;
       return after;
     };
+    bool any = true;
+    const bool looked =
+        runStatements({[&] { find(nota, document); }, [&] { any = hasAttachments(nota); }}, decide);
+    if (!looked || !any || document.name.empty()) return;
+    if (Preguntar &&
+        !isYes(join(u"El documento adjunto a la nota se borrará.", CRLF, CRLF, u"¿Desea continuar?"),
+               u"Borrar")) {
+      result = false;
+      return showWhatIsLeft(nota);
+    }
     runStatements({
                       [&] { recycle(nota, document); },
                       [&] { nota.crs().Edit(); },

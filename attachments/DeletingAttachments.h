@@ -10,11 +10,11 @@ namespace ovalia {
 // without a name, nothing is done and the result is true.
 //
 // False when the user declines or the file cannot be removed. A file that the bin did not take is told to the
-// user and counts as removed, one that is missing or whose name no file can have too. Failures behind the
-// question: 53 and 75 go on at the next step where the file is gone, and end it with false where it is there,
-// as 70 does; the user is told. 76, a folder that cannot be reached, is reported and gives false, with
-// nothing touched. Any other failure is reported, and the result stays true. What fails while the file is
-// looked for after a 53 or a 75 goes to the caller.
+// user and counts as removed, one that is missing or whose name no file can have too. Failures of any step:
+// 53 and 75 go on at the next one where the file is gone, and end it with false where it is there, as 70
+// does; the user is told. 76, a folder that cannot be reached, is reported and gives false, with nothing
+// touched. Any other failure is reported, and the result stays true. What fails while the file is looked for
+// after a 53 or a 75 goes to the caller.
 bool BorrarDocNota(Instance& nota, TextView NArch, bool Preguntar);
 
 // Asks whether the attachment selected on the card may be deleted, and deletes it; whether the caller may go

@@ -117,6 +117,41 @@ constexpr Outcome outcomes[] = {
        t.expectBox(u"Problemas al borra en Archivo.");
      },
      true, gone, 1, kept},
+    {"70 when the counter is read",
+     [](Test& t) {
+       t.here.faults.failNth("Field.Value", 2, failure::permissionDenied);
+       t.expectInUse();
+     },
+     false, there, 2, kept},
+    {"75 when the counter is read, with the file there",
+     [](Test& t) {
+       t.here.faults.failNth("Field.Value", 2, failure::pathFileAccess);
+       t.expectInUse();
+     },
+     false, there, 2, kept},
+    {"53 when the counter is read, with the file gone",
+     [](Test& t) {
+       t.here.files.remove(t.path);
+       t.here.faults.failNth("Field.Value", 2, failure::fileNotFound);
+       t.expectGone();
+       t.expectBox(u"Error devuelto: 2, 2");
+     },
+     true, gone, 1, deleted},
+    // Before the document's path is known.
+    {"70 when the parent's number is read",
+     [](Test& t) {
+       failsNext<failure::permissionDenied>(t, "Field.Value");
+       t.expectBox(u"El documento adjunto () está abierto en Word;\r\nciérrelo y vuelva a intentarlo.", 48,
+                   u"Borrar");
+     },
+     false, there, 2, kept},
+    {"75 when the parent's number is read",
+     [](Test& t) {
+       failsNext<failure::pathFileAccess>(t, "Field.Value");
+       t.expectGone(u"");
+       t.expectReport(u"BorrarDocNota de CNota", failure::pathNotFound);
+     },
+     false, there, 2, kept},
     {"76 when the counter is to be stored",
      [](Test& t) { reportedAt<failure::pathNotFound>(t, "Recordset.Update"); }, false, gone, 2, kept},
 };
