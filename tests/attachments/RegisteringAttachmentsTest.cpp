@@ -222,6 +222,26 @@ TEST_F(RegisteringInArchive, without_a_live_note_to_borrow_from_writes_nothing) 
   EXPECT_EQ(counter(), 0);
 }
 
+TEST_F(RegisteringInArchive, without_a_live_note_leaves_the_list_of_a_card_and_fills_it_after_a_refusal) {
+  archive->add({3, 120, 1, 501, u"otro.pdf", u"120F09.pdf"});
+  list->at(0, u"NArchivos") = 1;
+  const auto listing = testing::Contains(u"SELECT * FROM DocuNotaIArch WHERE IdNota = 501");
+  openCard([&] {
+    live->rows.clear();
+    database->opened.clear();
+    expectBox(u"Imposible añadir archivos adjuntos.\r\n(No existen notas en Inmuebles sin archivar...)", 0,
+              u"Notas");
+    EXPECT_FALSE(AniadirArch(instance, u"plano.pdf", u"120F00.pdf"));
+    EXPECT_THAT(database->opened, testing::Not(listing));
+    live->add({31, 9});
+    countsNothing(u"INSERT INTO DocuNotaIP");
+    expectBox(u"Error al añadir archivo(1).");
+    expectBox(u"RecordsAffected = 0", 16, u"AniadirArch");
+    EXPECT_FALSE(AniadirArch(instance, u"plano.pdf", u"120F00.pdf"));
+    EXPECT_THAT(database->opened, listing);
+  });
+}
+
 TEST_F(RegisteringInArchive, a_live_row_that_is_refused_is_told_twice) {
   countsNothing(u"INSERT INTO DocuNotaIP");
   expectBox(u"Error al añadir archivo(1).");

@@ -145,7 +145,10 @@ TEST_F(Deletion, sets_the_tools_by_the_neighbour) {
     instance.EstadoFicha = modificada;
     for (const TextView id : {u"ID_Guardar", u"ID_DeshacerCambios"})
       form().toolbars().tool(id)->setEnabled(true);
+    for (const TextView id : {u"ID_Buscar", u"ID_Imprimir"}) form().toolbars().tool(id)->setEnabled(false);
     Borrar(instance, false, u"");
+    EXPECT_TRUE(enabled(u"ID_Buscar"));
+    EXPECT_TRUE(enabled(u"ID_Imprimir"));
     EXPECT_FALSE(enabled(u"ID_Guardar"));
     EXPECT_FALSE(enabled(u"ID_DeshacerCambios"));
     EXPECT_TRUE(enabled(u"ID_Borrar"));
@@ -232,11 +235,12 @@ TEST_F(Deletion, without_a_current_row_is_told) {
         crs().MoveLast();
         crs().MoveNext();
       }
-      instance.EstadoFicha = modificada;
+      const std::int32_t any = empty ? modificada : cargando;
+      instance.EstadoFicha = any;
       expectBox(u"Error: No hay ningún registro activo.", 4144);
       Borrar(instance, false, u"");
       EXPECT_EQ(crs().deletes, 0);
-      EXPECT_EQ(state(), modificada);
+      EXPECT_EQ(state(), any) << "a card that is being filled is told too";
       EXPECT_TRUE(form().Visible());
     });
   }
