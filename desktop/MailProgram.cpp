@@ -10,6 +10,7 @@
 #include <QProcess>
 #include <QStandardPaths>
 #include <QThread>
+#include <QUrl>
 #include <QUuid>
 
 #include "desktop/DiskFile.h"
@@ -52,13 +53,24 @@ QStringList copied(const std::vector<MailAttachment>& attachments) {
 // A zero would end the argument.
 QString argument(TextView text) { return toQt(text).remove(QChar(u'\0')); }
 
+// As one address of the web, so that none of them is taken for an option.
+QString recipients(const std::vector<Text>& addresses) {
+  QStringList encoded;
+  for (const Text& address : addresses)
+    encoded += QString::fromLatin1(QUrl::toPercentEncoding(toQt(address), "@"));
+  return QStringLiteral("mailto:") + encoded.join(u',');
+}
+
+// An option without a text would be refused, and the mail with it.
 QStringList argumentsFor(const MailMessage& message, const QStringList& files) {
-  QStringList arguments{QStringLiteral("--utf8"), QStringLiteral("--subject"),
-                        argument(message.subject).simplified(), QStringLiteral("--body"),
-                        argument(replaceAll(message.body, CRLF, u"\n"))};
-  for (const QString& file : files) arguments << QStringLiteral("--attach") << file;
-  if (const auto to = mailAddresses(message.to))
-    for (const Text& address : *to) arguments << toQt(address);
+  QStringList arguments{QStringLiteral("--utf8")};
+  const auto add = [&](const QString& option, const QString& text) {
+    if (!text.isEmpty()) arguments << option << text;
+  };
+  add(QStringLiteral("--subject"), argument(message.subject).simplified());
+  add(QStringLiteral("--body"), argument(replaceAll(message.body, CRLF, u"\n")));
+  for (const QString& file : files) add(QStringLiteral("--attach"), file);
+  if (const auto to = mailAddresses(message.to); to && !to->empty()) arguments << recipients(*to);
   return arguments;
 }
 

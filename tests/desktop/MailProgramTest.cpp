@@ -84,9 +84,28 @@ TEST_F(MailProgram, gets_subject_text_and_the_documents_under_the_names_they_are
 
 TEST_F(MailProgram, gets_the_address_where_there_is_one) {
   install();
-  EXPECT_EQ(openInMailProgram({u"", u"Ana <ana@cliente.es>; b@c.es", u"a\r\nb", u"", {}}), u"");
+  EXPECT_EQ(openInMailProgram({u"", u"Ana <ana@cliente.es>; b+1@c.es", u"a\r\nb", u"-c", {}}), u"");
   EXPECT_THAT(arguments(),
-              ElementsAre("--utf8", "--subject", "a b", "--body", "", "ana@cliente.es", "b@c.es"));
+              ElementsAre("--utf8", "--subject", "a b", "--body", "-c", "mailto:ana@cliente.es,b%2B1@c.es"));
+}
+
+TEST_F(MailProgram, takes_no_address_for_an_option) {
+  install();
+  EXPECT_EQ(openInMailProgram({u"", u"--attach=/etc/passwd@c.es", u"-x", u"", {}}), u"");
+  EXPECT_THAT(arguments(),
+              ElementsAre("--utf8", "--subject", "-x", "mailto:--attach%3D%2Fetc%2Fpasswd@c.es"));
+}
+
+// The desktop's own refuses options without a text.
+TEST_F(MailProgram, is_not_told_of_a_subject_or_a_text_that_is_empty) {
+  install("for word; do test -n \"$word\" || exit 1; done");
+  EXPECT_EQ(openInMailProgram({u"", u"", u"", u"texto", {}}), u"");
+  EXPECT_THAT(arguments(), ElementsAre("--utf8", "--body", "texto"));
+  EXPECT_EQ(openInMailProgram({u"", u"", u" \r\n", u"", {file("1F00.pdf", "uno", u"uno.pdf")}}), u"");
+  ASSERT_EQ(arguments().size(), 3u);
+  EXPECT_EQ(arguments()[1], "--attach");
+  EXPECT_EQ(openInMailProgram({}), u"");
+  EXPECT_THAT(arguments(), ElementsAre("--utf8"));
 }
 
 TEST_F(MailProgram, that_is_missing_or_fails_is_told) {
