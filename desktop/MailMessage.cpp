@@ -21,7 +21,9 @@ namespace {
 Owned<GMimeTextPart> textPart(const Text& body) {
   Owned<GMimeTextPart> part(g_mime_text_part_new_with_subtype("plain"));
   g_mime_text_part_set_charset(part.get(), "utf-8");
-  g_mime_text_part_set_text(part.get(), toUtf8(replaceAll(body, CRLF, u"\n")).c_str());
+  std::string text = toUtf8(replaceAll(body, CRLF, u"\n"));
+  std::erase(text, '\0');  // the text would end there
+  g_mime_text_part_set_text(part.get(), text.c_str());
   g_mime_part_set_content_encoding(GMIME_PART(part.get()), GMIME_CONTENT_ENCODING_QUOTEDPRINTABLE);
   return part;
 }

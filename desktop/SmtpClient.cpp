@@ -71,7 +71,8 @@ constexpr auto reasons = std::to_array<ReasonRow>({
 Text reasonOf(CURLcode code, const char* detail) {
   for (const ReasonRow& row : reasons)
     if (row.code == code) return Text(row.text);
-  return fromUtf8(detail[0] ? detail : curl_easy_strerror(code));
+  return u"la conversación con el servidor ha fallado: " +
+         fromUtf8(detail[0] ? detail : curl_easy_strerror(code)) + u".";
 }
 
 // What the server said last, where that was a refusal: "550 no such user here".

@@ -1,6 +1,7 @@
 #include "tests/deskkit/MailServer.h"
 
 #include <arpa/inet.h>
+#include <poll.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -63,7 +64,7 @@ void MailServer::talk() {
 }
 
 void MailServer::converse() {
-  say("220 prueba");
+  say(manner_ == RefusesConversation ? "554 no service here" : "220 prueba");
   std::string line;
   while (readLine(line)) {
     commands += line;
@@ -76,13 +77,17 @@ bool MailServer::answer(const std::string& line) {
     say("221 bye");
     return false;
   }
-  if (line.starts_with("DATA")) {
+  if (line.starts_with("DATA") && manner_ != RefusesData) {
     say("354 go on");
     return take();
   }
   if (line.starts_with("EHLO") && manner_ == RefusesSize)
     say("250-prueba\r\n250 SIZE 1000");
-  else if (line.starts_with("RCPT") && manner_ == RefusesRecipient)
+  else if (line.starts_with("DATA"))
+    say("451 come back later");
+  else if (line.starts_with("MAIL") && manner_ == RefusesSender)
+    say("530 authentication required");
+  else if (line.starts_with("RCPT") && refusesRecipient())
     say("550 no such user here");
   else if (line.starts_with("MAIL") && manner_ == RefusesSize)
     say("552 message size exceeds the limit");
@@ -91,8 +96,18 @@ bool MailServer::answer(const std::string& line) {
   return true;
 }
 
+bool MailServer::refusesRecipient() {
+  ++recipients_;
+  return manner_ == RefusesRecipient || (manner_ == RefusesSecondRecipient && recipients_ == 2);
+}
+
 bool MailServer::take() {
   std::string line;
+  if (manner_ == StopsListening) {
+    pollfd gone{client_, POLLRDHUP, 0};
+    poll(&gone, 1, 60000);
+    return false;
+  }
   while (readLine(line) && line != ".\r\n") {
     message += line.starts_with('.') ? line.substr(1) : line;
     if (manner_ == Drops) return false;

@@ -12,11 +12,16 @@ class MailServer {
  public:
   enum Manner {
     Accepts,
+    RefusesConversation,  // in place of a greeting
+    RefusesSender,
     RefusesRecipient,
+    RefusesSecondRecipient,
+    RefusesData,
     RefusesMessage,  // when it has all of it
     RefusesSize,     // takes no more than 1,000 bytes, and says so
     Silent,
     SilentAtTheEnd,  // takes the message and does not say whether it has it
+    StopsListening,  // lets the message stand before its door
     Drops,           // in the middle of the message
   };
 
@@ -39,9 +44,11 @@ class MailServer {
   void talk();
   void converse();
   bool answer(const std::string& line);  // whether the conversation goes on
+  bool refusesRecipient();               // the one whose turn it is
   bool take();
 
   Manner manner_;
+  int recipients_ = 0;
   int listener_, client_ = -1;
   int port_ = 0;
   std::string heard_;

@@ -184,6 +184,9 @@ TEST_F(MailsOfTheUser, stay_open_when_the_server_refuses_them_and_go_to_the_next
   for (const Row& row :
        {Row{MailServer::RefusesRecipient, "no acepta al remitente o al destinatario",
             "550 no such user here"},
+        Row{MailServer::RefusesConversation, "rechaza el mensaje", "554 no service here"},
+        Row{MailServer::RefusesSender, "no acepta al remitente", "530 authentication required"},
+        Row{MailServer::RefusesData, "no acepta al remitente", "451 come back later"},
         Row{MailServer::RefusesMessage, "rechaza el mensaje", "554 looks like nonsense"},
         Row{MailServer::RefusesSize, "no acepta al remitente", "552 message size exceeds the limit"},
         Row{MailServer::Drops, "cortado", ""}}) {
@@ -205,6 +208,30 @@ TEST_F(MailsOfTheUser, stay_open_when_the_server_refuses_them_and_go_to_the_next
     }
   }
   EXPECT_TRUE(kept().isEmpty());
+}
+
+// Else one of them would have it twice when it is sent again.
+TEST_F(MailsOfTheUser, reach_nobody_when_the_server_refuses_one_of_several) {
+  MailServer smtp(MailServer::RefusesSecondRecipient);
+  MailMessage mail = draft();
+  mail.to = u"ana@cliente.es; oscar@agencia.es; lucia@agencia.es";
+  EXPECT_FALSE(whileUp(mail, smtp.url(), [&] { clicks("E"); }));
+  smtp.finish();
+  EXPECT_THAT(said, HasSubstr("no acepta al remitente o al destinatario"));
+  EXPECT_THAT(said, HasSubstr("550 no such user here"));
+  EXPECT_THAT(smtp.commands, HasSubstr("RCPT TO:<oscar@agencia.es>"));
+  EXPECT_THAT(smtp.commands, testing::Not(HasSubstr("DATA")));
+  EXPECT_EQ(smtp.message, "");
+}
+
+TEST_F(MailsOfTheUser, keep_what_stands_behind_a_zero) {
+  MailMessage mail = draft();
+  mail.body = Text(u"uno\0dos", 7);
+  QFile out(toQt(fromUtf8((folder.path() / "mensaje.eml").native())));
+  ASSERT_TRUE(out.open(QIODevice::ReadWrite));
+  writeMail(mail, out);
+  out.seek(0);
+  EXPECT_EQ(partsOf(out.readAll())[0].content.trimmed(), "unodos");
 }
 
 // Counts how often the windows' loop comes round.
@@ -235,6 +262,16 @@ TEST_F(MailsOfTheUser, let_the_window_live_while_a_server_is_silent) {
         std::chrono::seconds(1)));
     EXPECT_THAT(said, HasSubstr("el servidor no responde"));
   }
+}
+
+TEST_F(MailsOfTheUser, are_given_up_when_the_server_takes_no_more_of_them) {
+  MailServer smtp(MailServer::StopsListening);
+  MailMessage mail = draft();
+  mail.to = u"ana@cliente.es";
+  mail.attachments = {file("1F00.pdf", std::string(20 << 20, 'x'), u"x.pdf")};
+  EXPECT_FALSE(whileUp(
+      mail, smtp.url(), [&] { clicks("E"); }, std::chrono::seconds(1)));
+  EXPECT_THAT(said, HasSubstr("el servidor no responde"));
 }
 
 TEST_F(MailsOfTheUser, are_called_back_with_escape) {
