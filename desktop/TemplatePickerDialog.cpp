@@ -21,6 +21,10 @@ constexpr int nameRole = Qt::UserRole;  // the place in the list of names
 constexpr double atLeastWide = 6600;    // twips
 constexpr double atLeastHigh = 5400;
 
+// What word processors and other systems keep beside a document while it is in use; it ends like the
+// document.
+bool isCompanion(TextView name) { return name.starts_with(u"~$") || name.starts_with(u'.'); }
+
 QString withoutEnding(const QString& name) {
   const qsizetype point = name.lastIndexOf(u'.');
   return point > 0 ? name.left(point) : name;
@@ -137,7 +141,8 @@ void TemplatePickerDialog::read(TextView mask) {
   const QString shownFolder = toQt(nativePath(folder_));
   try {
     for (const Files::Entry& entry : Platform::current().files->list(folder_))
-      if (!(entry.attributes & Files::directoryAttribute) && system::fitsMask(entry.name, wanted))
+      if (!(entry.attributes & Files::directoryAttribute) && !isCompanion(entry.name) &&
+          system::fitsMask(entry.name, wanted))
         names_.push_back(entry.name);
     problem_ = QStringLiteral("No hay ninguna plantilla en la carpeta %1.").arg(shownFolder);
   } catch (...) {

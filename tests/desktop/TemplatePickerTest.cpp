@@ -161,6 +161,13 @@ TEST_F(Templates, are_described_by_whoever_knows_about_them) {
   });
 }
 
+TEST_F(Templates, are_not_what_other_programs_keep_beside_them) {
+  for (TextView name : {u"Carta.dot", u"~$Carta.dot", u"~$rta.dot", u"._Carta.dot", u".~lock.Carta.dot#"})
+    here.files.putFile(u"\\datos\\usada\\" + Text(name));
+  show(
+      false, [&] { EXPECT_EQ(shown(), (QStringList{"Carta"})); }, u"\\datos\\usada\\*.dot");
+}
+
 TEST_F(Templates, of_a_folder_without_any_are_none) {
   here.files.putFile(u"\\datos\\vacia\\modelo.doc");
   EXPECT_FALSE(show(
