@@ -5,7 +5,10 @@
 #include <QDir>
 #include <QFile>
 #include <QMimeDatabase>
+#include <QRegularExpression>
 #include <QTextDocument>
+#include <array>
+#include <string_view>
 
 #include "desktop/DiskFile.h"
 #include "desktop/LeavingFile.h"
@@ -25,13 +28,17 @@ struct FreeOptions {
   void operator()(GMimeParserOptions* options) const { g_mime_parser_options_free(options); }
 };
 
-// Heads that break the rules and hold letters as they are were written in one of these.
-std::unique_ptr<GMimeParserOptions, FreeOptions> parserOptions() {
-  const char* charsets[] = {"utf-8", "windows-1252", nullptr};
-  std::unique_ptr<GMimeParserOptions, FreeOptions> options(g_mime_parser_options_new());
-  g_mime_parser_options_set_fallback_charsets(options.get(), charsets);
+using Options = std::unique_ptr<GMimeParserOptions, FreeOptions>;
+
+Options optionsWith(std::vector<const char*> charsets) {
+  charsets.push_back(nullptr);
+  Options options(g_mime_parser_options_new());
+  g_mime_parser_options_set_fallback_charsets(options.get(), charsets.data());
   return options;
 }
+
+// What breaks the rules and holds letters as they are was written in one of these.
+Options usualCharsets() { return optionsWith({"utf-8", "windows-1252"}); }
 
 Text taken(char* text) {
   const Text made = text ? fromUtf8(text) : Text();
@@ -57,8 +64,11 @@ class UnconnectedDocument : public QTextDocument {
 };
 
 QString withoutLayout(const QString& html) {
+  // A head that nothing ends would swallow the text; what belongs into one is no text anywhere.
+  static const QRegularExpression head(QStringLiteral("</?head\\b[^>]*>"),
+                                       QRegularExpression::CaseInsensitiveOption);
   UnconnectedDocument document;
-  document.setHtml(html);
+  document.setHtml(QString(html).remove(head));
   // Where an image stood there is nothing to read.
   return document.toPlainText().remove(QChar(QChar::ObjectReplacementCharacter));
 }
@@ -77,7 +87,50 @@ bool isText(GMimeObject* part, const char* subtype) {
   return GMIME_IS_TEXT_PART(part) && isType(part, "text", subtype) && !isAttached(part);
 }
 
-QString textOf(GMimeObject* part) { return toQt(taken(g_mime_text_part_get_text(GMIME_TEXT_PART(part)))); }
+std::string bytesOf(GMimeObject* part) {
+  GMimeDataWrapper* content = g_mime_part_get_content(GMIME_PART(part));
+  if (!content) return {};
+  const Owned<GMimeStream> memory(g_mime_stream_mem_new());
+  g_mime_data_wrapper_write_to_stream(content, memory.get());
+  const GByteArray* bytes = g_mime_stream_mem_get_byte_array(GMIME_STREAM_MEM(memory.get()));
+  std::string made(reinterpret_cast<const char*>(bytes->data), bytes->len);
+  std::erase(made, '\0');
+  return made;
+}
+
+// "" also for those that are named for want of one.
+std::string charsetOf(GMimeObject* part, const std::string& bytes) {
+  const char* named = g_mime_object_get_content_type_parameter(part, "charset");
+  QString name = QString::fromLatin1(named);
+  if (!named && isType(part, "text", "html")) {
+    static const QRegularExpression meta(QStringLiteral("<meta\\s[^>]*charset\\s*=\\s*[\"']?([\\w.:-]+)"),
+                                         QRegularExpression::CaseInsensitiveOption);
+    constexpr std::size_t head = 4096;
+    name =
+        meta.match(QString::fromLatin1(QByteArrayView(bytes).first(qsizetype(std::min(head, bytes.size())))))
+            .captured(1);
+  }
+  name = name.toLower().replace(u'_', u'-');
+  static const QStringList none{QStringLiteral("us-ascii"), QStringLiteral("ascii"),
+                                QStringLiteral("x-unknown"), QStringLiteral("unknown-8bit")};
+  if (none.contains(name)) return {};
+  const bool western = name == QStringLiteral("iso-8859-1") || name == QStringLiteral("latin1");
+  return western ? "windows-1252" : name.toStdString();
+}
+
+bool isKnown(const std::string& charset) {
+  const iconv_t converter = g_mime_iconv_open("UTF-8", charset.c_str());
+  if (converter == iconv_t(-1)) return false;
+  g_mime_iconv_close(converter);
+  return true;
+}
+
+QString textOf(GMimeObject* part) {
+  const std::string bytes = bytesOf(part), charset = charsetOf(part, bytes);
+  const auto options =
+      !charset.empty() && isKnown(charset) ? optionsWith({charset.c_str()}) : usualCharsets();
+  return toQt(taken(g_mime_utils_decode_8bit(options.get(), bytes.c_str(), bytes.size())));
+}
 
 // Collects what the parts of one mail hold.
 class Reader {
@@ -178,6 +231,17 @@ class Reader {
   QString text_;
 };
 
+// Editors put a sign before all, and some programs empty lines; the head begins behind them.
+void skipToHead(GMimeStream* file) {
+  constexpr std::string_view sign = "\xEF\xBB\xBF";
+  std::array<char, 64> start;
+  const auto size = std::max<gssize>(g_mime_stream_read(file, start.data(), start.size()), 0);
+  const std::string_view text(start.data(), static_cast<std::size_t>(size));
+  const std::size_t behindSign = text.starts_with(sign) ? sign.size() : 0;
+  const std::size_t head = std::min(text.find_first_not_of("\r\n", behindSign), text.size());
+  g_mime_stream_seek(file, static_cast<gint64>(head), GMIME_STREAM_SEEK_SET);
+}
+
 Text people(InternetAddressList* list) {
   return list ? oneLine(taken(internet_address_list_to_string(list, nullptr, FALSE))) : Text();
 }
@@ -211,8 +275,9 @@ std::optional<ReadMail> readMail(TextView path, TextView folder) {
   const Owned<GMimeStream> file(
       g_mime_stream_fs_open(QFile::encodeName(diskFile(path)).constData(), O_RDONLY | O_CLOEXEC, 0, nullptr));
   if (!file) throw Failure(failure::fileNotFound);
+  skipToHead(file.get());
   const Owned<GMimeParser> parser(g_mime_parser_new_with_stream(file.get()));
-  const auto options = parserOptions();
+  const auto options = usualCharsets();
   const Owned<GMimeMessage> message(g_mime_parser_construct_message(parser.get(), options.get()));
   if (!message || !isMail(message.get())) return {};
 
@@ -221,6 +286,7 @@ std::optional<ReadMail> readMail(TextView path, TextView folder) {
     mail.subject = oneLine(fromUtf8(subject));
   mail.from = people(g_mime_message_get_from(message.get()));
   mail.to = people(g_mime_message_get_to(message.get()));
+  mail.copies = people(g_mime_message_get_cc(message.get()));
   mail.date = dateOf(message.get());
   Reader reader(toQt(nativePath(folder)), mail);
   reader.read(g_mime_message_get_mime_part(message.get()));

@@ -14,9 +14,9 @@ struct ReadAttachment {
 };
 
 struct ReadMail {
-  Text subject, from, to;    // people as "Name <address>"
-  std::optional<Date> date;  // local; nothing where the mail has none that makes sense
-  Text text;                 // CRLF lines; that of a mail in HTML without its layout
+  Text subject, from, to, copies;  // people as "Name <address>"
+  std::optional<Date> date;        // local; nothing where the mail has none that makes sense
+  Text text;                       // CRLF lines; that of a mail in HTML without its layout
   std::vector<ReadAttachment> attachments;
 };
 

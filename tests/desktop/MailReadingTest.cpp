@@ -72,6 +72,55 @@ TEST_F(MailReading, takes_texts_of_any_charset_and_encoding) {
   EXPECT_EQ(read("Subject: a\n\nuno\n\n\ndos\n\n\n")->text, u"uno\r\n\r\n\r\ndos");
 }
 
+TEST_F(MailReading, takes_texts_that_name_no_charset_or_one_that_does_not_exist) {
+  for (const char* head :
+       {"", "Content-Type: text/plain\n", "Content-Type: text/plain; charset=us-ascii\n",
+        "Content-Type: text/plain; charset=x-unknown\n", "Content-Type: text/plain; charset=no-hay-tal\n"}) {
+    EXPECT_EQ(read(std::string("Subject: a\n") + head + "\nA\xC3\xB1o \xE2\x82\xAC\n")->text, u"Año €")
+        << head;
+    EXPECT_EQ(read(std::string("Subject: a\n") + head + "\nA\xF1o \x80\n")->text, u"Año €") << head;
+  }
+  EXPECT_EQ(
+      read("Subject: a\nContent-Type: text/plain; charset=utf-8\n\nA\xC3\xB1o \xF1 fin\n")->text.substr(0, 4),
+      u"Año ")
+      << "one letter that is spoilt spoils no other";
+}
+
+// Programs of Windows call their charset by the name of the one that it grew out of.
+TEST_F(MailReading, takes_the_letters_of_windows_under_an_older_name) {
+  for (const char* name : {"iso-8859-1", "ISO_8859-1", "latin1"})
+    EXPECT_EQ(read(std::string("Subject: a\nContent-Type: text/plain; charset=") + name +
+                   "\nContent-Transfer-Encoding: quoted-printable\n\n=93Ca=F1a=94 =80 =85\n")
+                  ->text,
+              u"“Caña” € …")
+        << name;
+}
+
+TEST_F(MailReading, takes_the_charset_that_html_names_itself) {
+  const std::string head = "Subject: a\nContent-Type: text/html\n\n<html><head>";
+  EXPECT_EQ(read(head + "<meta http-equiv=\"Content-Type\" content=\"text/html; charset=iso-8859-7\"></head>"
+                        "<p>\xE1\xE2\n")
+                ->text,
+            u"αβ");
+  EXPECT_EQ(read(head + "<META CHARSET='utf-8'><p>A\xC3\xB1o\n")->text, u"Año");
+  EXPECT_EQ(read(head + "<p>A\xF1o\n")->text, u"Año");
+}
+
+TEST_F(MailReading, takes_mails_from_boxes_of_many_and_from_editors) {
+  const std::string mail = "Subject: a\nFrom: a@b.es\n\nhola\n";
+  for (const std::string before : {"From ana@b.es Mon Mar  9 10:20:30 2026\n", "\xEF\xBB\xBF", "\n\n"}) {
+    const auto found = read(before + mail);
+    ASSERT_TRUE(found) << before;
+    EXPECT_EQ(found->subject, u"a") << before;
+    EXPECT_EQ(found->text, u"hola") << before;
+  }
+}
+
+TEST_F(MailReading, tells_who_else_has_it) {
+  EXPECT_EQ(read("Subject: a\nTo: a@b.es\nCc: =?utf-8?Q?Luc=C3=ADa?= <l@b.es>, c@b.es\n\nhola\n")->copies,
+            u"Lucía <l@b.es>, c@b.es");
+}
+
 TEST_F(MailReading, makes_text_of_html_and_fetches_nothing) {
   const auto mail = read(
       "Subject: a\nContent-Type: text/html; charset=utf-8\n\n"
@@ -186,7 +235,7 @@ TEST_F(MailReading, reads_damaged_mails_as_far_as_they_go) {
       read("Subject: a\nContent-Type: text/plain; charset=utf-8\nContent-Transfer-Encoding: base64\n\n%%%\n");
   EXPECT_TRUE(mail);
   EXPECT_TRUE(read("Subject: solo la cabecera\n"));
-  EXPECT_EQ(read(std::string("Subject: a\n\nuno\0dos\n", 20))->text, u"uno") << "to the zero";
+  EXPECT_EQ(read(std::string("Subject: a\n\nuno\0dos\n", 20))->text, u"unodos") << "a zero is no end";
 }
 
 TEST_F(MailReading, does_not_follow_parts_in_parts_without_end) {
