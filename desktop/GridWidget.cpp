@@ -20,7 +20,7 @@ using forms::Property;
 
 namespace {
 
-constexpr int shiftKey = 1, altKey = 4;
+constexpr int shiftKey = 1, ctrlKey = 2, altKey = 4;
 constexpr double headWidth = 240, rowAir = 90;  // twips
 
 // Cells whose text is cut have a tip that is not. The current row is framed as a whole, not its first cell.
@@ -165,10 +165,10 @@ class RowsView : public QTableView {
       if (!event.isAutoRepeat()) kept->userDeletes();
       return true;
     }
-    if (event.key() == Qt::Key_Space) return kept->userClicksRow(kept->currentRow(), shift), true;
+    if (event.key() == Qt::Key_Space) return markCurrent(shift), true;
     if (event.key() == Qt::Key_Left) return slide(QScrollBar::SliderSingleStepSub);
     if (event.key() == Qt::Key_Right) return slide(QScrollBar::SliderSingleStepAdd);
-    return step(event.key(), shift & shiftKey);
+    return step(event.key(), shift);
   }
 
  protected:
@@ -186,13 +186,14 @@ class RowsView : public QTableView {
   void paintEvent(QPaintEvent* event) override {
     QTableView::paintEvent(event);
     if (!hasFocus() || !currentIndex().isValid()) return;
+    const int row = currentIndex().row();
+    const bool marked = selectionModel()->isSelected(currentIndex());
     QPainter painter(viewport());
-    QStyleOptionFocusRect frame;
-    frame.initFrom(this);
-    frame.rect = QRect(0, rowViewportPosition(currentIndex().row()), viewport()->width(),
-                       rowHeight(currentIndex().row()));
-    frame.backgroundColor = palette().color(QPalette::Base);
-    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &frame, &painter, this);
+    // The styles' own frame is left out or too faint beside the colour of a mark.
+    painter.setPen(
+        QPen(palette().color(marked ? QPalette::HighlightedText : QPalette::Text), 1, Qt::DotLine));
+    painter.drawRect(
+        QRect(0, rowViewportPosition(row), viewport()->width(), rowHeight(row)).adjusted(0, 0, -1, -1));
   }
 
  private:
@@ -226,11 +227,21 @@ class RowsView : public QTableView {
       kept->userClicksHeading(column);
       if (self) followHeadings();
     });
-    connect(headings, &QHeaderView::sectionResized, this, [this] {
-      if (fitting_) return;
-      for (int column = 0; column <= lastColumn(); ++column)
-        shares_[std::size_t(column)] = columnWidth(column);
+    connect(headings, &QHeaderView::sectionResized, this, [this](int column) {
+      if (!fitting_) fillUp(column);
     });
+  }
+
+  // The user has given a column its width: the last one takes what is left.
+  void fillUp(int resized) {
+    const int last = lastColumn();
+    int others = 0;
+    for (int column = 0; column < last; ++column) others += columnWidth(column);
+    const int least = resized == last ? columnWidth(last) : horizontalHeader()->minimumSectionSize();
+    fitting_ = true;
+    setColumnWidth(last, std::max(least, viewport()->width() - others));
+    fitting_ = false;
+    for (int column = 0; column <= last; ++column) shares_[std::size_t(column)] = columnWidth(column);
   }
 
   // The columns share the room; one that the user has widened has a larger share from then on.
@@ -256,6 +267,13 @@ class RowsView : public QTableView {
 
   bool slide(QScrollBar::SliderAction action) { return horizontalScrollBar()->triggerAction(action), true; }
 
+  // Next to other marks; one that is there stays.
+  void markCurrent(int shift) {
+    const auto kept = grid_;
+    if (shift != 0) return kept->userClicksRow(kept->currentRow(), shift);
+    if (!selectionModel()->isSelected(currentIndex())) kept->userClicksRow(kept->currentRow(), ctrlKey);
+  }
+
   bool step(int key, int shift) {
     const auto found = std::ranges::find(steps, key, &StepRow::key);
     if (found == std::end(steps)) return false;
@@ -263,7 +281,10 @@ class RowsView : public QTableView {
     const int last = rows_->rowCount() - 1;
     const int page = std::max(1, viewport()->height() / verticalHeader()->defaultSectionSize() - 1);
     const int target = std::clamp(found->target(kept->currentRow(), last, page), 0, std::max(last, 0));
-    kept->userClicksRow(target, shift);
+    if (shift == ctrlKey)
+      kept->userMovesTo(target);
+    else
+      kept->userClicksRow(target, shift & shiftKey);
     return true;
   }
 

@@ -98,10 +98,32 @@ class DocumentList : public QListWidget {
     // Each line of a name would lose its middle.
     setTextElideMode(large ? Qt::ElideRight : Qt::ElideMiddle);
     setWordWrap(large);
+    setHorizontalScrollBarPolicy(view.column ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
     // Fixed items lose both.
     setDragEnabled(true);
     viewport()->setAcceptDrops(true);
     fitColumns();
+  }
+
+  // Icons, large and small, share the room there is. Without a scroll bar where all of them fit: the toolkit
+  // sets room aside for one before it knows, and then shows it.
+  void fitColumns() {
+    if (!view_) return;
+    const int icon = iconSize().height(), line = fontMetrics().height(), least = line * view_->column;
+    if (least == 0) {
+      names_->widest = std::max(1, viewport()->width() - 1);
+      setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+      return setGridSize(QSize());
+    }
+    const QSize whole = maximumViewportSize();
+    const int height = view_->mode == IconMode ? icon + 2 * line + 8 : icon + 6;
+    int room = whole.width() - 1;
+    const auto inRow = [&] { return std::max(1, room / least); };
+    const bool fits = (count() + inRow() - 1) / inRow() * height <= whole.height();
+    if (!fits) room -= style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    names_->widest = std::max(1, room / inRow());
+    setVerticalScrollBarPolicy(fits ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
+    setGridSize(QSize(names_->widest, height));
   }
 
   // The state of a tool is right after the menu that it stands in has opened.
@@ -190,26 +212,6 @@ class DocumentList : public QListWidget {
   void dropEvent(QDropEvent* event) override { drops_.dropped(*event); }
 
  private:
-  // Small icons share the room there is, large ones have columns of one width.
-  void fitColumns() {
-    if (!view_) return;
-    const int room = std::max(1, viewport()->width() - 1), line = fontMetrics().height();
-    const int icon = iconSize().height(), column = line * view_->column;
-    names_->widest = room;
-    if (view_->mode == IconMode) {
-      names_->widest = column;
-      setGridSize(QSize(column, icon + 2 * line + 8));
-    } else if (column > 0) {
-      // The toolkit sets the width of a scroll bar aside before it fills a row.
-      const int row = std::max(
-          column, maximumViewportSize().width() - style()->pixelMetric(QStyle::PM_ScrollBarExtent) - 1);
-      names_->widest = std::min(room, row / (row / column));
-      setGridSize(QSize(names_->widest, icon + 6));
-    } else {
-      setGridSize(QSize());
-    }
-  }
-
   template <class Action>
   void act(Action action, int argument) {
     const QPointer<DocumentList> self(this);
@@ -274,6 +276,7 @@ class ListWidget : public ControlWidget {
       }
       draw(*list_->item(static_cast<int>(i)), items[i]);
     }
+    list_->fitColumns();
   }
 
   void draw(QListWidgetItem& item, const ListItem& shown) const {

@@ -176,15 +176,28 @@ void Grid::mark(std::int32_t position, int shift) {
   tell(Property::Marks);
 }
 
+// Whether the row is the current one then.
+bool Grid::goTo(std::int32_t position) {
+  const auto rows = recordset();
+  if (!takesFocus() || !form().moveFocus(*this)) return false;
+  // The check of what was left may have put other rows under the pointer.
+  if (rows != recordset() || position < 0 || position >= Rows()) return false;
+  const std::int32_t failed = resumeNext([&] { rows->setAbsolutePosition(position); });
+  if (failed != 0) tell(Property::CurrentRow);
+  return failed == 0;
+}
+
 void Grid::userClicksRow(std::int32_t position, int shift) {
   form().userAction([&] {
-    const auto rows = recordset();
-    if (!takesFocus() || !form().moveFocus(*this)) return;
-    // The check of what was left may have put other rows under the pointer.
-    if (rows != recordset() || position < 0 || position >= Rows()) return;
-    const std::int32_t failed = resumeNext([&] { rows->setAbsolutePosition(position); });
-    if (failed == 0) mark(position, shift);
+    if (!goTo(position)) return;
+    mark(position, shift);
     tell(Property::CurrentRow);
+  });
+}
+
+void Grid::userMovesTo(std::int32_t position) {
+  form().userAction([&] {
+    if (goTo(position)) tell(Property::CurrentRow);
   });
 }
 

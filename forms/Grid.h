@@ -57,10 +57,12 @@ class Grid : public Control {
   void setRedraw(bool on);  // while it is off the view is told nothing; then all of it at once
 
   // A click on a row, or a step to it by the keyboard, makes it the current and the only marked one. With
-  // Ctrl its mark changes and the others stay; with Shift all rows from the last one without it are marked. A
-  // heading takes the focus before it is reported. The Delete key deletes the marked rows, unless the form
-  // keeps it from doing so, after asking, unless the form says not to.
+  // Ctrl its mark changes and the others stay; with Shift all rows from the last one without it are marked.
+  // The keyboard can also make a row the current one and leave the marks. A heading takes the focus before it
+  // is reported. The Delete key deletes the marked rows, unless the form keeps it from doing so, after
+  // asking, unless the form says not to.
   void userClicksRow(std::int32_t position, int shift = 0);
+  void userMovesTo(std::int32_t position);
   void userClicksHeading(int column);
   void userDeletes();
 
@@ -72,6 +74,7 @@ class Grid : public Control {
   std::vector<Text> cellsHere(dao::Recordset& rows) const;
   void tell(Property property);
   void rebound();
+  bool goTo(std::int32_t position);
   void mark(std::int32_t position, int shift);
   void toggle(std::int32_t position);
   void deleteMarked();

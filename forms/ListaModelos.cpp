@@ -26,9 +26,9 @@ constexpr auto controls = std::to_array<ControlDesign>({
 
 constexpr auto columns = std::to_array<ColumnDesign>({
     {u"IdPlantilla", u"", 0, true},
-    {u"Nombre", u"Nombre", 2100, false, styleAsc},
-    {u"Notas", u"Notas", 1800},
-    {u"Materia", u"Materia", 1200},
+    {u"Nombre", u"Nombre", 2400, false, styleAsc},
+    {u"Notas", u"Notas", 1900},
+    {u"Materia", u"Materia", 900},
     {u"TipoMateria", u"Sub Materia", 1200},
 });
 

@@ -2,6 +2,7 @@
 #include <QElapsedTimer>
 #include <QScrollBar>
 #include <QToolTip>
+#include <set>
 
 #include "tests/desktop/ModelForms.h"
 
@@ -169,6 +170,72 @@ TEST_F(ModelForms, the_space_bar_marks_the_current_row_and_with_ctrl_changes_its
     deskkit::press(Qt::Key_Space, Qt::ControlModifier, " ");
     EXPECT_THAT(marked(), ElementsAre(0));
     EXPECT_EQ(current(), 3);
+  });
+}
+
+TEST_F(ModelForms, steps_with_ctrl_leave_the_marks_so_that_the_space_bar_marks_rows_apart) {
+  fill(6);
+  list([&] {
+    deskkit::press(Qt::Key_Down);
+    for (const int row : {2, 3}) {
+      deskkit::press(Qt::Key_Down, Qt::ControlModifier);
+      EXPECT_EQ(current(), row);
+      EXPECT_EQ(grid().currentRow(), row);
+      EXPECT_THAT(marked(), ElementsAre(1));
+    }
+    deskkit::press(Qt::Key_Space, {}, " ");
+    EXPECT_THAT(marked(), ElementsAre(1, 3));
+    deskkit::press(Qt::Key_Space, {}, " ");
+    EXPECT_THAT(marked(), ElementsAre(1, 3)) << "it is marked already";
+    deskkit::press(Qt::Key_Up, Qt::ControlModifier);
+    deskkit::press(Qt::Key_Up, Qt::ControlModifier);
+    deskkit::press(Qt::Key_Space, Qt::ControlModifier, " ");
+    EXPECT_THAT(marked(), ElementsAre(3));
+    deskkit::press(Qt::Key_End, Qt::ControlModifier);
+    EXPECT_EQ(current(), 5);
+    EXPECT_THAT(marked(), ElementsAre(3));
+    deskkit::press(Qt::Key_Up);
+    EXPECT_THAT(marked(), ElementsAre(4));
+  });
+}
+
+TEST_F(ModelForms, the_current_row_has_a_frame_while_the_grid_has_the_focus_marked_or_not) {
+  fill(6);
+  list([&] {
+    // Along the upper edge of a row, to the right of the texts.
+    const auto edge = [&](int row) {
+      const QImage drawn = view().viewport()->grab().toImage();
+      const int y = static_cast<int>(view().rowViewportPosition(row) * drawn.devicePixelRatio());
+      std::set<QRgb> colours;
+      for (int x = drawn.width() - 20; x < drawn.width() - 4; ++x) colours.insert(drawn.pixel(x, y));
+      return colours.size();
+    };
+    EXPECT_EQ(edge(0), 2u) << "current, not marked";
+    EXPECT_EQ(edge(1), 1u);
+    clickRow(1);
+    EXPECT_EQ(edge(0), 1u);
+    EXPECT_EQ(edge(1), 2u) << "current and marked";
+    form->userFocuses(*form->control(u"txtNotas"));
+    EXPECT_EQ(edge(1), 1u) << "the focus is elsewhere";
+  });
+}
+
+TEST_F(ModelForms, a_column_made_narrower_leaves_no_gap_at_the_end) {
+  fill(3);
+  list([&] {
+    QHeaderView& heads = *view().horizontalHeader();
+    const auto whole = [&] {
+      int sum = 0;
+      for (int column = 1; column < 5; ++column) sum += view().columnWidth(column);
+      return sum;
+    };
+    for (const int column : {1, 3, 4}) {
+      heads.resizeSection(column, 40);
+      EXPECT_NEAR(whole(), view().viewport()->width(), 1) << column;
+      if (column < 4) {
+        EXPECT_EQ(view().columnWidth(column), 40);
+      }
+    }
   });
 }
 

@@ -3,6 +3,7 @@
 #include <QDrag>
 #include <QListWidget>
 #include <QMimeData>
+#include <QScrollBar>
 #include <QUrl>
 
 #include "desktop/DropData.h"
@@ -266,6 +267,54 @@ TEST_F(DocumentListWidget, no_view_lets_a_long_name_run_beyond_its_column) {
         for (int other = 0; other < 3; ++other)
           EXPECT_FALSE(place.intersects(list->visualItemRect(list->item(other)))) << view << " " << width;
       }
+  });
+}
+
+TEST_F(DocumentListWidget, icons_have_a_scroll_bar_only_where_they_do_not_fit) {
+  up([&] {
+    const auto check = [&](int view, double width) {
+      model->setView(view);
+      form->as<forms::Splitter>(u"splitDocumentos")->setPaneWidth(width);
+      QCoreApplication::processEvents();
+      list->verticalScrollBar()->setValue(0);
+      list->doItemsLayout();
+      const int line = list->gridSize().height();
+      const int lines = list->visualItemRect(list->item(list->count() - 1)).center().y() / line + 1;
+      const bool fits = lines * line <= list->maximumViewportSize().height();
+      EXPECT_EQ(list->verticalScrollBar()->isVisible(), !fits) << view << " " << width;
+      EXPECT_FALSE(list->horizontalScrollBar()->isVisible()) << view << " " << width;
+      return fits;
+    };
+    int fitting = 0;
+    for (double width = 1500; width < 5000; width += 250) {
+      EXPECT_TRUE(check(forms::ListView::lvwSmallIcon, width));
+      fitting += check(forms::ListView::lvwIcon, width);
+    }
+    EXPECT_GT(fitting, 0);
+    for (int i = 0; i < 60; ++i) model->Add({toText(i) + u".doc", u"Contrato", u"doc"});
+    EXPECT_FALSE(check(forms::ListView::lvwIcon, 2000));
+    EXPECT_FALSE(check(forms::ListView::lvwSmallIcon, 2000));
+  });
+}
+
+TEST_F(DocumentListWidget, icons_share_the_whole_width_of_their_pane) {
+  up([&] {
+    for (const int more : {0, 60}) {
+      for (int i = 0; i < more; ++i) model->Add({toText(i) + u".doc", u"Contrato", u"doc"});
+      for (const int view : {forms::ListView::lvwIcon, forms::ListView::lvwSmallIcon})
+        for (const double width : {1500.0, 2000.0, 3000.0, 4500.0}) {
+          model->setView(view);
+          form->as<forms::Splitter>(u"splitDocumentos")->setPaneWidth(width);
+          QCoreApplication::processEvents();
+          list->doItemsLayout();
+          const int columns = list->viewport()->width() / list->gridSize().width();
+          EXPECT_GE(columns * list->gridSize().width(), list->viewport()->width() - columns - 2)
+              << view << " " << more << " " << width;
+          EXPECT_EQ(list->visualItemRect(list->item(columns - 1)).center().y(),
+                    list->visualItemRect(list->item(0)).center().y())
+              << "the columns are used";
+        }
+    }
   });
 }
 
