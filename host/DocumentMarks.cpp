@@ -11,7 +11,7 @@ namespace {
 constexpr MarkSource card = MarkSource::card, list = MarkSource::list, both = MarkSource::both;
 
 constexpr DocumentMark marks[] = {
-    {u"Id", u"", both, u"Número del inmueble, usuario o expediente de la anotación", u"120"},
+    {u"Id", u"", both, u"Número del inmueble, usuario o expediente; en una llamada, el suyo", u"120"},
     {u"Asunto", u"", both, u"Asunto; en un anuncio, «Anuncio en» y el medio", u"Visita con la familia Peña"},
     {u"Categorias", u"", both, u"Categorías, separadas por comas", u"Llaves, Urgente"},
     {u"Autor", u"", both, u"Quien escribió la anotación", u"Óscar Güell"},
@@ -19,10 +19,12 @@ constexpr DocumentMark marks[] = {
     {u"Fecha", u"", both, u"Día y hora en que se escribió", u"08/03/26 - 10:30"},
     {u"Acceso", u"", both, u"Quién puede verla", u"Público"},
     {u"Adjunto", u"", both, u"Nombres de los documentos adjuntos", u"plano.pdf , fotos.zip."},
-    {u"AdjuntoEMail", u"", both, u"Dónde están los documentos adjuntos", u"/datos/Doc0/1F00.pdf"},
+    {u"AdjuntoEMail", u"", both, u"Dónde están los documentos adjuntos", u"\\datos\\Doc0\\1F00.pdf"},
     {u"Notas", u"", both, u"El texto de la anotación, solo al imprimir", u"Le interesa la terraza."},
     {u"Notas2", u"Notas", list, u"Lo mismo, para un segundo sitio", u"Le interesa la terraza."},
-    {u"Comienzo", u"", both, u"Día y hora en que empieza", u"09/03/26 - 17:00"},
+    {u"Comienzo", u"", both,
+     u"Día y hora en que empieza la visita, o en que se escribió el anuncio o la llamada",
+     u"09/03/26 - 17:00"},
     {u"Comienzo2", u"Comienzo", list, u"Lo mismo, para un segundo sitio", u"09/03/26 - 17:00"},
     {u"Fin", u"", both, u"Día y hora en que termina", u"09/03/26 - 17:30"},
     {u"Ubicación", u"Donde", card, u"Lugar de la visita", u"Calle Colón, 4"},
