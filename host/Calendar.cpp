@@ -117,7 +117,7 @@ void addEvent(Text& calendar, const CalendarEvent& event, const CalendarZone& zo
   const Text inZone = u";TZID=" + Text(zone.id);
   addLine(calendar, u"BEGIN", u"VEVENT");
   addLine(calendar, u"UID", escaped(event.uid));
-  addLine(calendar, u"DTSTAMP", world(now));
+  addLine(calendar, u"DTSTAMP", stamp(now) + u"Z");
   if (event.changed) addLine(calendar, u"LAST-MODIFIED", world(*event.changed));
   addLine(calendar, u"DTSTART" + inZone, stamp(event.start));
   addLine(calendar, u"DTEND" + inZone, stamp(event.end));

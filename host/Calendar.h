@@ -35,8 +35,8 @@ struct CalendarEvent {
   std::optional<int> reminderMinutes;  // before the start
 };
 
-// A calendar of that event. Times are local; `now` is when it is written. Control characters are left out,
-// line ends in texts kept.
+// A calendar of that event. Its times are those of the zone; `now`, when it is written, is the world's.
+// Control characters are left out, line ends in texts kept.
 Text calendarText(const CalendarEvent& event, const CalendarZone& zone, Date now);
 
 }  // namespace ovalia::host

@@ -1,5 +1,6 @@
 #include "host/Exports.h"
 
+#include <QDateTime>
 #include <QSaveFile>
 #include <QTimeZone>
 
@@ -8,6 +9,7 @@
 #include "host/Queries.h"
 #include "host/VisitExport.h"
 #include "platform/Platform.h"
+#include "platform/Regional.h"
 
 namespace ovalia::host {
 
@@ -48,6 +50,16 @@ Text documentsOf(dao::Database& database, const AnnotationTable& notes, std::int
   Text names;
   for (; !rows->isEOF(); rows->MoveNext()) names += u"  " + rows->value(u"NombreOrg").text() + Text(CRLF);
   return names;
+}
+
+// This computer's clock, which need not go by the agency's zone, in the world's time.
+Date worldNow() {
+  const DateParts now = partsOf(Platform::current().clock->now());
+  const QDateTime world =
+      QDateTime(QDate(now.year, now.month, now.day), QTime(now.hour, now.minute, now.second), Qt::LocalTime)
+          .toUTC();
+  return *dateFrom({world.date().year(), world.date().month(), world.date().day(), world.time().hour(),
+                    world.time().minute(), world.time().second()});
 }
 
 // Runs an export; a row that is gone, or anything else that the database does not give, is told.
@@ -94,7 +106,7 @@ void exportVisit(Workplace& workplace, const AnnotationTable& visits, std::int32
     const CalendarZone& zone =
         calendarZone(desktop::fromQt(QString::fromLatin1(QTimeZone::systemTimeZoneId())));
     exportTo(workplace, {u"Exportar visita", u"Calendario (*.ics)|*.ics", {}, u"visita.ics"},
-             calendarText(*event, zone, Platform::current().clock->now()));
+             calendarText(*event, zone, worldNow()));
   });
 }
 

@@ -55,8 +55,10 @@ CalendarStatus statusOf(dao::Recordset& visit) {
 std::optional<int> reminderOf(dao::Recordset& visit) {
   const Variant ahead = visit.value(u"TiempoAviso");
   if (!visit.value(u"Aviso").holds()) return {};
-  constexpr double minutesADay = 24 * 60;
-  return ahead.isNull() ? 0 : static_cast<int>(std::lround(std::abs(ahead.toDate().days) * minutesADay));
+  // A time ahead counts from day zero or, in old rows, from the same day of 1999.
+  constexpr double minutesADay = 24 * 60, aCentury = 36524;
+  if (ahead.isNull()) return 0;
+  return static_cast<int>(std::lround(std::fmod(std::abs(ahead.toDate().days), aCentury) * minutesADay));
 }
 
 Text textOf(dao::Recordset& visit, const std::vector<Text>& contacts) {
@@ -87,6 +89,7 @@ std::optional<CalendarEvent> visitEvent(dao::Database& database, const Annotatio
   event.end = endOf(*visit, event.start);
   if (hasDay(changed)) event.changed = changed.toDate();
   event.summary = visit->value(u"Asunto").text();
+  if (trimBlanks(event.summary).empty()) event.summary = u"Visita";
   event.place = visit->value(u"Donde").text();
   event.contacts = contactsOf(database, *visit);
   event.text = textOf(*visit, event.contacts);

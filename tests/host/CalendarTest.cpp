@@ -40,7 +40,7 @@ TEST(Calendar, holds_one_event_with_all_that_the_format_asks_for) {
   EXPECT_NE(calendar.value("PRODID"), "");
   const CalendarPiece& event = eventIn(calendar);
   EXPECT_EQ(event.value("UID"), "VisitaIP-12.1.1@agencia");
-  EXPECT_EQ(event.value("DTSTAMP"), "20260301T080000Z");
+  EXPECT_EQ(event.value("DTSTAMP"), "20260301T090000Z");
   EXPECT_EQ(event.value("DTSTART"), "20260309T102000");
   EXPECT_EQ(event.value("DTEND"), "20260309T110000");
   EXPECT_EQ(event.parameters("DTSTART"), "TZID=Europe/Madrid");

@@ -66,7 +66,8 @@ TEST_F(Exports, a_visit_with_nothing_but_a_start_lasts_an_hour) {
   const auto made = event(addVisit(u"FechaComienzo", u"#03/09/26 23:30:00#"));
   ASSERT_TRUE(made);
   EXPECT_EQ(partsOf(made->end), (DateParts{2026, 3, 10, 0, 30, 0}));
-  EXPECT_EQ(made->summary + made->place + made->text, u"");
+  EXPECT_EQ(made->summary, u"Visita") << "a calendar shows what it has by its title";
+  EXPECT_EQ(made->place + made->text, u"");
   EXPECT_TRUE(made->contacts.empty());
   EXPECT_FALSE(made->changed);
   EXPECT_FALSE(made->reminderMinutes);
@@ -91,6 +92,26 @@ TEST_F(Exports, a_reminder_of_two_days_and_one_without_a_time) {
   EXPECT_EQ(event(addVisit(u"FechaComienzo, Aviso", u"#03/09/26#, 1"))->reminderMinutes, 0);
   EXPECT_FALSE(event(addVisit(u"FechaComienzo, Aviso, TiempoAviso", u"#03/09/26#, 0, #12/30/1899 01:00:00#"))
                    ->reminderMinutes);
+}
+
+TEST_F(Exports, a_reminder_of_an_old_row_is_what_its_card_shows) {
+  const std::int32_t visit =
+      addVisit(u"FechaComienzo, Aviso, TiempoAviso", u"#03/09/26#, 1, #12/30/1999 00:15:00#");
+  EXPECT_EQ(event(visit)->reminderMinutes, 15);
+}
+
+TEST_F(Exports, a_file_is_stamped_with_the_worlds_time_wherever_the_computer_stands) {
+  for (const auto& [zone, stamp] : {std::pair("Asia/Tokyo", "20260309T012030Z"),
+                                    {"UTC", "20260309T102030Z"},
+                                    {"Europe/Madrid", "20260309T092030Z"}}) {
+    qputenv("TZ", zone);
+    dialogs.files = {{folder.logic(u"visita.ics")}};
+    exportsVisit(addVisit(u"FechaComienzo", u"#07/09/26 10:00:00#"));
+    const CalendarPiece calendar = readCalendar(folder.content("visita.ics"));
+    EXPECT_EQ(calendar.only("VEVENT").value("DTSTAMP"), stamp);
+    EXPECT_EQ(calendar.only("VEVENT").parameters("DTSTART"), "TZID=Europe/Madrid");
+  }
+  qunsetenv("TZ");
 }
 
 TEST_F(Exports, a_visit_goes_into_a_file_that_other_calendars_read) {
