@@ -40,6 +40,7 @@ Text noteOf(const desktop::ReadMail& mail) {
   };
   line(u"De: ", mail.from);
   line(u"Para: ", mail.to);
+  line(u"Copia: ", mail.copies);
   if (mail.date) line(u"Fecha: ", Variant(*mail.date).text());
   if (!text.empty() && !mail.text.empty()) text += CRLF;
   return text + mail.text;
@@ -101,14 +102,25 @@ void attachAll(CNota& nota, const desktop::ReadMail& mail, const Text& file, Imp
   }
 }
 
-// On a list and an object of its own: a card may be open on a row of the other.
+void removeRow(const Agency& agency, const AnnotationTable& notes, std::int32_t note) {
+  agency.database->Execute(join(u"DELETE FROM ", notes.name, u" WHERE ", kindKey(notes.kind), u" = ", note));
+}
+
+// On a list and an object of its own: a card may be open on a row of the other. A row that could not be
+// filled does not stay.
 void makeNote(Workplace& workplace, const AnnotationList& list, const desktop::ReadMail& mail,
               const Text& file, Import& import) {
-  import.lastNote = newRow(workplace.agency, list.annotations(), list.parent());
+  const std::int32_t note = newRow(workplace.agency, list.annotations(), list.parent());
   AnnotationList own(list.design(), workplace);
-  own.open(list.parent());
-  if (!own.goTo(import.lastNote)) throw Failure(dao::failure::noCurrentRecord);
-  fillRow(*own.recordset(), list.annotations(), mail);
+  try {
+    own.open(list.parent());
+    if (!own.goTo(note)) throw Failure(dao::failure::noCurrentRecord);
+    fillRow(*own.recordset(), list.annotations(), mail);
+  } catch (...) {
+    removeRow(workplace.agency, list.annotations(), note);
+    throw;
+  }
+  import.lastNote = note;
   attachAll(own.nota(), mail, file, import);
 }
 
@@ -120,8 +132,8 @@ void importFile(Workplace& workplace, const AnnotationList& list, const Text& pa
     const auto mail = desktop::readMail(path, logicPath(desktop::fromQt(folder.path())));
     if (!mail) return import.problem(file, u"no es un correo.");
     makeNote(workplace, list, *mail, file, import);
-  } catch (const Failure& failure) {
-    import.problem(file, u"no se ha podido importar. " + failure.description());
+  } catch (...) {
+    import.problem(file, u"no se ha podido importar. " + currentFailure().description());
   }
 }
 

@@ -122,6 +122,24 @@ TEST_F(MailImport, makes_a_note_for_each_mail_and_tells_of_those_that_are_none) 
   EXPECT_EQ(note(u"FechaAlta", last).text(), u"09/03/2026 10:20:30") << "the day of the import";
 }
 
+TEST_F(MailImport, leaves_no_half_made_note_and_goes_on_with_the_next_mail) {
+  database().Execute(
+      u"CREATE TRIGGER Lleno BEFORE UPDATE ON NotaIP WHEN NEW.Asunto = 'uno' BEGIN SELECT RAISE(ABORT, "
+      u"'no'); "
+      u"END");
+  here.screen.expectBoxLike(u"No se ha podido importar todo:\nuno.eml: no se ha podido importar.", u"", 48,
+                            u"Importar correo", 1);
+  const std::int32_t key =
+      import({mail("uno.eml", "Subject: uno\n\nuno\n"), mail("dos.eml", "Subject: dos\n\ndos\n")});
+  EXPECT_EQ(notes(), 1);
+  EXPECT_EQ(note(u"Asunto", key).text(), u"dos");
+}
+
+TEST_F(MailImport, says_who_else_has_the_mail) {
+  const std::int32_t key = import({mail("uno.eml", "Subject: uno\nCc: l@agencia.es\n\nhola\n")});
+  EXPECT_EQ(note(u"Notas", key).text(), u"Copia: l@agencia.es\r\n\r\nhola");
+}
+
 TEST_F(MailImport, cuts_a_subject_that_no_column_takes) {
   const std::int32_t key = import({mail("uno.eml", "Subject: " + std::string(300, 's') + "\n\na\n")});
   EXPECT_EQ(note(u"Asunto", key).text(), Text(100, u's'));
