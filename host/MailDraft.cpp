@@ -1,5 +1,7 @@
 #include "host/MailDraft.h"
 
+#include <set>
+
 #include "attachments/StoredNames.h"
 #include "desktop/MailDelivery.h"
 #include "host/Marks.h"
@@ -65,27 +67,39 @@ bool extensionsAgree(TextView shown, TextView path) {
 }
 
 // Puts the names' pieces together so that there is one for each path, the extensions agreeing; the first way
-// to do so counts.
-bool distribute(const std::vector<Text>& parts, std::size_t at, const std::vector<Text>& paths,
-                std::vector<Text>& names) {
-  const std::size_t open = paths.size() - names.size(), left = parts.size() - at;
-  if (open == 0) return left == 0;
-  for (std::size_t count = 1; count + open - 1 <= left; ++count) {
-    names.push_back(joined(parts, at, count));
-    if (extensionsAgree(names.back(), paths[names.size() - 1]) && distribute(parts, at + count, paths, names))
-      return true;
-    names.pop_back();
+// to do so counts. A place from which the rest did not come out is not tried again.
+class Distribution {
+ public:
+  Distribution(const std::vector<Text>& parts, const std::vector<Text>& paths)
+      : parts_(parts), paths_(paths) {}
+
+  bool from(std::size_t at) {
+    const std::size_t open = paths_.size() - names.size(), left = parts_.size() - at;
+    if (open == 0) return left == 0;
+    if (hopeless_.contains({at, open})) return false;
+    for (std::size_t count = 1; count + open - 1 <= left; ++count) {
+      names.push_back(joined(parts_, at, count));
+      if (extensionsAgree(names.back(), paths_[names.size() - 1]) && from(at + count)) return true;
+      names.pop_back();
+    }
+    hopeless_.insert({at, open});
+    return false;
   }
-  return false;
-}
+
+  std::vector<Text> names;
+
+ private:
+  const std::vector<Text>&parts_, &paths_;
+  std::set<std::pair<std::size_t, std::size_t>> hopeless_;
+};
 
 std::vector<Text> namesIn(TextView text, const std::vector<Text>& paths) {
   if (text.ends_with(u'.')) text.remove_suffix(1);
   const auto parts = pieces(text);
   if (parts.size() == paths.size()) return parts;
-  std::vector<Text> names;
-  if (!distribute(parts, 0, paths, names)) names.assign(paths.size(), {});
-  return names;
+  Distribution distribution(parts, paths);
+  if (!distribution.from(0)) return std::vector<Text>(paths.size());
+  return distribution.names;
 }
 
 // The address of the settings, or that of whoever works here.

@@ -91,6 +91,19 @@ TEST_F(MailDrafts, tell_commas_in_names_by_the_extensions_or_leave_the_names_out
   EXPECT_THAT(listed(u"uno.", both), ElementsAre(" < \\d\\1F00.pdf", " < \\d\\1F01.xls"));
 }
 
+TEST_F(MailDrafts, are_soon_made_of_many_names_that_do_not_fit) {
+  Text names, paths;
+  for (int i = 0; i < 40; ++i) {
+    const Text path = u"\\d\\" + toText(i) + (i < 39 ? u".doc" : u".pdf");
+    put(path);
+    paths += (i ? u" , " : u"") + path;
+    names += u"a , b , ";
+  }
+  const auto documents = listedDocuments(names + u"plano.", paths);
+  ASSERT_EQ(documents.size(), 40u);
+  EXPECT_EQ(documents[39].name, u"");
+}
+
 TEST_F(MailDrafts, reach_the_disk_in_the_systems_form_of_their_paths_too) {
   put(u"\\d\\1F00.pdf");
   EXPECT_THAT(listed(u"a.pdf.", u"/d/1F00.pdf"), ElementsAre("a.pdf < \\d\\1F00.pdf"));
