@@ -89,6 +89,8 @@ Text templateSummary(const fs::path& file) {
                                : u"Datos: " + joinValues(found.marks);
   } catch (const TemplateFailure& failure) {
     return failure.message;
+  } catch (...) {
+    return currentFailure().description();
   }
 }
 

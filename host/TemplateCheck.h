@@ -15,7 +15,7 @@ struct TemplateReport {
 // Never fails: a template that cannot be read is a report too.
 TemplateReport checkTemplate(const std::filesystem::path& file);
 
-// In a line, which marks a template fills; only looks at what needs no conversion.
+// In a line, which marks a template fills; only looks at what needs no conversion. Never fails either.
 Text templateSummary(const std::filesystem::path& file);
 
 }  // namespace ovalia::host

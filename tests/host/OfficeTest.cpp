@@ -63,6 +63,32 @@ TEST_F(Office, shows_the_values_in_their_places) {
   EXPECT_THAT(text, Not(HasSubstr("[")));
 }
 
+// What authors do in the word processor comes out in its own way of writing it.
+TEST_F(Office, saves_templates_that_are_filled_wherever_their_marks_stand) {
+  folder.putFile(
+      "origen.rtf",
+      rtf("{\\header cabeza " + bookmark("Referencia") +
+          "\\par}{\\*\\bkmkstart Notas}uno\\par dos\\par tres{\\*\\bkmkend Notas}\\par "
+          "{\\field{\\*\\fldinst HYPERLINK \"http://a.es\"}{\\fldrslt {\\*\\bkmkstart "
+          "Autor}enlace{\\*\\bkmkend "
+          "Autor}}}\\par \\trowd\\cellx3000\\cellx6000\\intbl a " +
+          bookmark("Precio") +
+          "\\cell {\\*\\bkmkstart Gastos}b\\par c{\\*\\bkmkend Gastos}\\cell\\row \\pard nota{\\super " +
+          "\\chftn{\\footnote\\pard al pie " + bookmark("Fecha") + "}} fin\\par"));
+  convertDocument(native("origen.rtf"), "rtf", native("Plantillas/Carta.dot"));
+  fill(newLetter(), {{0, {u"Referencia", u"V-0120"}},
+                     {1, {u"Notas", u"Peña"}},
+                     {2, {u"Autor", u"Óscar"}},
+                     {3, {u"Precio", u"150"}},
+                     {4, {u"Gastos", u"45"}},
+                     {5, {u"Fecha", u"08/03/26"}}});
+  EXPECT_TRUE(dialogs.told.empty());
+  convertDocument(native("Doc0/1F00.doc"), "pdf", native("carta.pdf"));
+  const std::string text = read("carta.pdf");
+  for (const char* line : {"cabeza V-0120\n", "\nPeña\nÓscar\n", "a 150 +45\n", "al pie 08/03/26"})
+    EXPECT_THAT(text, ContainsRegex(line));
+}
+
 TEST_F(Office, gives_a_template_of_the_old_format_that_is_filled_like_any_other) {
   folder.putFile(
       "origen.rtf",
@@ -92,6 +118,19 @@ TEST_F(Office, draws_the_first_page_of_a_document) {
   EXPECT_EQ(folder.content("carta.png").substr(1, 3), "PNG");
   EXPECT_GT(folder.content("carta.png").size(), 1000u);
   EXPECT_TRUE(folder.has("carta.pdf"));
+}
+
+TEST_F(Office, leaves_the_file_that_is_there_when_it_cannot_convert) {
+  folder.putFile("viejo.pdf", "el de ayer");
+  EXPECT_THROW(convertDocument(native("nada.rtf"), "pdf", native("viejo.pdf")), TemplateFailure);
+  EXPECT_EQ(folder.content("viejo.pdf"), "el de ayer");
+  Programs programs(false);
+  programs.put("soffice", "while test \"$1\" != --outdir; do shift; done\necho nuevo > \"$2/carta.pdf\"\n");
+  folder.putFile("carta.rtf", rtf("Hola"));
+  folder.putFolder("carpeta");
+  EXPECT_THROW(convertDocument(native("carta.rtf"), "pdf", native("carpeta")), TemplateFailure);
+  convertDocument(native("carta.rtf"), "pdf", native("viejo.pdf"));
+  EXPECT_EQ(folder.content("viejo.pdf"), "nuevo\n");
 }
 
 TEST_F(Office, cannot_convert_what_is_no_document) {
