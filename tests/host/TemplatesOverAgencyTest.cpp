@@ -12,6 +12,7 @@
 #include "routines/ModuleValues.h"
 #include "system/FileSystem.h"
 #include "tests/host/CardsOverAgency.h"
+#include "tests/host/TestDisk.h"
 
 namespace ovalia::host {
 
@@ -20,18 +21,6 @@ namespace {
 namespace fs = std::filesystem;
 using testing::HasSubstr;
 using testing::Not;
-
-// The disk, but for a temporary folder and a log of the test's own.
-class TestDisk : public system::FileSystem {
- public:
-  TestDisk(kit::FakeFiles& log, Text temporary) : log_(log), temporary_(std::move(temporary)) {}
-  Text temporaryFolder() override { return temporary_; }
-  void append(TextView path, TextView text) override { log_.append(path, text); }
-
- private:
-  kit::FakeFiles& log_;
-  const Text temporary_;
-};
 
 class TemplatesOverAgency : public CardsOverAgency {
  protected:
@@ -97,7 +86,7 @@ class TemplatesOverAgency : public CardsOverAgency {
     return names;
   }
 
-  TestDisk disk{here.files, folder.logic(u"tmp\\")};
+  TestDisk<system::FileSystem> disk{here.files, folder.logic(u"tmp\\")};
   Text wanted, mask;
 };
 
