@@ -4,13 +4,16 @@
 #include <QCheckBox>
 #include <QDialog>
 #include <QPointer>
+#include <algorithm>
 
 #include "component/CNota.h"
 #include "desktop/CardView.h"
+#include "desktop/MailDelivery.h"
 #include "desktop/PickList.h"
 #include "desktop/QtText.h"
 #include "desktop/SearchDialog.h"
 #include "desktop/SearchDialogObject.h"
+#include "desktop/TemplatePicker.h"
 #include "tests/host/Toolkit.h"
 
 namespace ovalia::host {
@@ -18,6 +21,56 @@ namespace ovalia::host {
 namespace {
 
 constexpr int patienceMilliseconds = 60000, again = 50;
+
+using PutAway = std::function<bool()>;  // closes a window that is still open; whether it was
+
+// Waits in the loops to come for a window: `found` gives how to put it away once it is up.
+void playOn(const std::function<PutAway()>& found, const Keys& keys, const Keys& opening) {
+  bool up = false;
+  QTimer watch;
+  QObject::connect(&watch, &QTimer::timeout, &watch, [&] {
+    const PutAway putAway = found();
+    if (!putAway) return;
+    watch.stop();
+    up = true;
+    QApplication::processEvents();
+    keys();
+    EXPECT_FALSE(putAway()) << "a window is still open";
+  });
+  watch.start(0);
+  opening();
+  EXPECT_TRUE(deskkit::eventually([&] { return up; })) << "a window never came";
+}
+
+// The form whose window is in use; null while that is none of a form. The runtime's active form is the one
+// whose event is being handled, though another may have come up over it.
+std::shared_ptr<forms::Form> formInUse() {
+  const QWidget* top = QApplication::activeModalWidget();
+  for (auto& form : forms::Runtime::current().loadedForms())
+    if (top && form->Visible() && deskkit::windowOf(*form) == top) return form;
+  return nullptr;
+}
+
+// A form that is up over all others; of any name where that is "".
+PutAway formOnTop(TextView name) {
+  const auto form = formInUse();
+  if (!form || (!name.empty() && form->Name() != name)) return {};
+  return [form] {
+    const bool open = form->Visible();
+    if (open) form->Hide();
+    return open;
+  };
+}
+
+PutAway dialogOnTop(const QString& title) {
+  const QPointer<QDialog> dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+  if (!dialog || dialog->windowTitle() != title) return {};
+  return [dialog] {
+    const bool open = dialog && dialog->isVisible();
+    if (open) dialog->QDialog::done(QDialog::Rejected);
+    return open;
+  };
+}
 
 // The window that was in use is so again when a dialog over it has closed: a window manager sees to that.
 class ComingBack {
@@ -75,6 +128,11 @@ std::optional<std::vector<Text>> KeyedDialogs::pickSeveral(TextView title, std::
   return real_.pickSeveral(title, names, chosen);
 }
 
+void KeyedDialogs::sendMail(const desktop::MailMessage& draft) {
+  ReadyDialogs::sendMail(draft);
+  if (!desktop::configuredServer().empty()) real_.sendMail(draft);
+}
+
 AtTheDesk::AtTheDesk() {
   application();
   here.platform.screen = &screen;
@@ -82,6 +140,7 @@ AtTheDesk::AtTheDesk() {
   CNota::cgDB(workplace.agency.database);
   desktop::installViews();
   here.objects.add(u"Trivane.CTrivane", desktop::makePickList);
+  here.objects.add(u"Perlaz.CPerlaz", desktop::makeTemplatePicker);
   here.objects.add(u"Mosken.CMosken", [wish = std::make_shared<desktop::SearchWish>()] {
     return desktop::makeSearchDialog(wish);
   });
@@ -109,12 +168,12 @@ void AtTheDesk::TearDown() {
 void AtTheDesk::giveUp() {
   ADD_FAILURE() << "a window was left open";
   patience_.start(again);
-  if (const auto form = forms::Runtime::current().activeForm()) form->Hide();
+  if (const auto form = formInUse()) form->Hide();
   if (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget())) dialog->reject();
 }
 
-ListPane& AtTheDesk::pane(TextView grid, std::int32_t property) {
-  CardPage& page = *window->openCard(hostForm(u"FichaInm"), property);
+ListPane& AtTheDesk::pane(TextView grid, std::int32_t record, TextView form) {
+  CardPage& page = *window->openCard(hostForm(form), record);
   ListPane& shown = *page.pane(grid);
   page.showPane(shown);
   window->activateWindow();
@@ -124,26 +183,21 @@ ListPane& AtTheDesk::pane(TextView grid, std::int32_t property) {
 }
 
 void AtTheDesk::onCard(ListPane& pane, const Keys& keys, const Keys& opening) {
-  bool up = false;
-  QTimer watch;
-  QObject::connect(&watch, &QTimer::timeout, &watch, [&] {
-    const auto form = forms::Runtime::current().activeForm();
-    if (!form || QApplication::activeModalWidget() != deskkit::windowOf(*form)) return;
-    watch.stop();
-    up = true;
-    QApplication::processEvents();
-    keys();
-    if (!form->Visible()) return;
-    ADD_FAILURE() << "the card is still open";
-    form->Hide();
-  });
-  watch.start(0);
-  opening();
-  EXPECT_TRUE(up);
+  playOn([] { return formOnTop(u""); }, keys, opening);
   EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
   window->activateWindow();
   pane.grid().setFocus();
   QApplication::processEvents();
+}
+
+void AtTheDesk::onForm(TextView name, const Keys& keys, const Keys& opening) {
+  const ComingBack back;
+  playOn([name] { return formOnTop(name); }, keys, opening);
+}
+
+void AtTheDesk::onDialog(const QString& title, const Keys& keys, const Keys& opening) {
+  const ComingBack back;
+  playOn([&] { return dialogOnTop(title); }, keys, opening);
 }
 
 void AtTheDesk::asked(Text text, int buttons, Text title, int answer, Keys keys) {
@@ -152,9 +206,15 @@ void AtTheDesk::asked(Text text, int buttons, Text title, int answer, Keys keys)
 }
 
 forms::Form& AtTheDesk::card() {
-  const auto form = forms::Runtime::current().activeForm();
+  auto form = formInUse();
+  if (!form) form = forms::Runtime::current().activeForm();
   if (!form) throw Failure(failure::objectNotSet);
   return *form;
+}
+
+bool AtTheDesk::isUp(TextView form) {
+  return std::ranges::any_of(forms::Runtime::current().loadedForms(),
+                             [&](const auto& loaded) { return loaded->Name() == form && loaded->Visible(); });
 }
 
 Text AtTheDesk::focused() {

@@ -42,7 +42,8 @@ class KeyedScreen : public desktop::DesktopScreen {
   Prepared& prepared_;
 };
 
-// Real lists of names and real questions; a list that nothing was prepared for fails the test.
+// Real lists of names, real questions and, where the settings have a server, mails that are really sent; a
+// list that nothing was prepared for fails the test.
 class KeyedDialogs : public ReadyDialogs {
  public:
   explicit KeyedDialogs(Prepared& prepared) : prepared_(prepared) {}
@@ -53,6 +54,7 @@ class KeyedDialogs : public ReadyDialogs {
   void tell(TextView title, TextView message) override { real_.tell(title, message); }
   bool confirm(TextView title, TextView text) override { return real_.confirm(title, text); }
   int yesNoCancel(TextView title, TextView text) override { return real_.yesNoCancel(title, text); }
+  void sendMail(const desktop::MailMessage& draft) override;
 
  private:
   Prepared& prepared_;
@@ -66,17 +68,23 @@ class AtTheDesk : public HostTest {
   ~AtTheDesk() override;
   void TearDown() override;
 
-  // The page of a property, on one of its lists.
-  ListPane& pane(TextView grid, std::int32_t property = 1);
+  // The page of a property, or of another record of the agency, on one of its lists.
+  ListPane& pane(TextView grid, std::int32_t record = 1, TextView form = u"FichaInm");
 
   // Opens a card, the grid's row with Enter, and plays while it is up; it must be closed then.
   void onCard(
       ListPane& pane, const Keys& keys, const Keys& opening = [] { deskkit::enter(); });
 
+  // The same for what comes up over a card: a form by its name, a dialog of the toolkit by its title.
+  static void onForm(TextView name, const Keys& keys, const Keys& opening);
+  static void onDialog(const QString& title, const Keys& keys, const Keys& opening);
+
   // A box that will come, and the keys that bring its answer.
   void asked(Text text, int buttons, Text title, int answer, Keys keys);
 
+  // The form that is in use: a card, or what came up over it.
   static forms::Form& card();
+  static bool isUp(TextView form);
   static QString shown(TextView control) { return deskkit::shownIn(card(), control); }
   static Text focused();  // the control that the keys go to
   static bool enabled(TextView tool) { return card().toolbars().tool(tool)->Enabled(); }

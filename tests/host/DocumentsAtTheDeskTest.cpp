@@ -1,22 +1,12 @@
 // Documents on a card as its user has them in hand: real windows, files, clipboard and trash.
 #include <gmock/gmock.h>
 
-#include <QApplication>
-#include <QClipboard>
-#include <QDir>
-#include <QListWidget>
-#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QStatusBar>
-#include <QUrl>
 
-#include "desktop/DesktopClipboard.h"
-#include "desktop/DesktopShell.h"
 #include "desktop/LeavingFile.h"
-#include "desktop/LivelyFiles.h"
 #include "desktop/Progress.h"
-#include "desktop/QtText.h"
-#include "tests/host/AtTheDesk.h"
+#include "tests/host/DocumentsAtTheDesk.h"
 
 namespace ovalia::host {
 
@@ -30,70 +20,20 @@ using desktop::fromQt;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class DocumentsAtTheDesk : public AtTheDesk {
+namespace {
+
+bool drop(QWidget& over, const QMimeData& data) {
+  QDragEnterEvent in(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, {});
+  QApplication::sendEvent(&over, &in);
+  QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, {});
+  QApplication::sendEvent(&over, &drop);
+  return in.isAccepted() && drop.isAccepted();
+}
+
+}  // namespace
+
+class DocumentsOfANote : public DocumentsAtTheDesk {
  protected:
-  DocumentsAtTheDesk() {
-    here.platform.files = &files;
-    here.platform.clipboard = &clipboard;
-    here.platform.shell = &shell;
-    qputenv("XDG_DATA_HOME", (home() + "/data").toUtf8());
-    QDir(home()).mkpath("data");
-    QApplication::clipboard()->clear();
-  }
-  void TearDown() override {
-    QApplication::clipboard()->clear();
-    here.platform.files = &here.files;
-    here.platform.clipboard = &here.clipboard;
-    here.platform.shell = &here.shell;
-    AtTheDesk::TearDown();
-  }
-
-  QString home() const { return QString::fromStdString(folder.path().native()); }
-  QUrl file(const QString& name, const QByteArray& content) {
-    QDir(home()).mkpath("suyos");
-    QFile made(home() + "/suyos/" + name);
-    EXPECT_TRUE(made.open(QFile::WriteOnly)) << name.toStdString();
-    made.write(content);
-    return QUrl::fromLocalFile(made.fileName());
-  }
-  static void copied(const QList<QUrl>& files) {
-    auto* data = new QMimeData;
-    data->setUrls(files);
-    QApplication::clipboard()->setMimeData(data);
-  }
-
-  // On a new note of a property of its own, with those documents.
-  void onNote(const QList<QUrl>& documents, const Keys& doing) {
-    const std::int32_t property = addProperty();
-    note = addNote(property, u"Llaves");
-    onCard(pane(u"grdNota", property), [&] {
-      if (!documents.isEmpty()) {
-        copied(documents);
-        press(Qt::Key_V, Qt::ControlModifier);
-        EXPECT_EQ(list().count(), documents.size());
-      }
-      doing();
-      if (enabled(u"ID_DeshacerCambios"))
-        letters("FD");  // passing over a date at midnight counts as a change
-      escape();
-    });
-  }
-  static QListWidget& list() { return dynamic_cast<QListWidget&>(*deskkit::inputOf(card(), u"LsvDocu")); }
-  static QStringList listed() {
-    QStringList names;
-    for (int i = 0; i < list().count(); ++i) names << list().item(i)->text();
-    return names;
-  }
-  std::int32_t rows() {
-    return one(u"SELECT COUNT(*) FROM DocuNotaIP WHERE IdNota = " + toText(note)).toLong();
-  }
-  static bool drop(QWidget& over, const QMimeData& data) {
-    QDragEnterEvent in(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, {});
-    QApplication::sendEvent(&over, &in);
-    QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, {});
-    QApplication::sendEvent(&over, &drop);
-    return in.isAccepted() && drop.isAccepted();
-  }
   static QWidget& notes() {
     return *static_cast<QPlainTextEdit*>(deskkit::inputOf(card(), u"txtNotas"))->viewport();
   }
@@ -101,15 +41,9 @@ class DocumentsAtTheDesk : public AtTheDesk {
     asked(join(u"El documento adjunto a la nota se borrará.", CRLF, CRLF, u"¿Desea continuar?"), 68,
           u"Borrar", 6, [] { letters("S"); });
   }
-
-  desktop::LivelyFiles files;
-  desktop::DesktopClipboard clipboard;
-  desktop::DesktopShell shell;
-  std::int32_t note = 0;
 };
 
-TEST_F(DocumentsAtTheDesk,
-       files_copied_in_a_file_manager_are_pasted_by_ctrl_v_and_write_nothing_into_the_box) {
+TEST_F(DocumentsOfANote, files_copied_in_a_file_manager_are_pasted_by_ctrl_v_and_write_nothing_into_the_box) {
   onNote({file("Año 1.txt", "uno"), file("🏠.jpg", "dos"), file("100% #?.pdf", "tres"),
           file("dos\nlíneas.doc", "4")},
          [&] {
@@ -123,7 +57,7 @@ TEST_F(DocumentsAtTheDesk,
          });
 }
 
-TEST_F(DocumentsAtTheDesk, a_cut_in_a_file_manager_is_pasted_as_a_copy) {
+TEST_F(DocumentsOfANote, a_cut_in_a_file_manager_is_pasted_as_a_copy) {
   const QUrl source = file("plano.pdf", "plano");
   onNote({}, [&] {
     auto* data = new QMimeData;
@@ -140,7 +74,7 @@ TEST_F(DocumentsAtTheDesk, a_cut_in_a_file_manager_is_pasted_as_a_copy) {
   EXPECT_TRUE(QFile::exists(source.toLocalFile()));
 }
 
-TEST_F(DocumentsAtTheDesk, a_document_copied_by_ctrl_c_is_on_the_clipboard_as_the_file_managers_write_it) {
+TEST_F(DocumentsOfANote, a_document_copied_by_ctrl_c_is_on_the_clipboard_as_the_file_managers_write_it) {
   onNote({file("plano de l'Eixample.pdf", "plano")}, [&] {
     tabTo(u"LsvDocu");
     press(Qt::Key_Down);
@@ -157,7 +91,7 @@ TEST_F(DocumentsAtTheDesk, a_document_copied_by_ctrl_c_is_on_the_clipboard_as_th
   });
 }
 
-TEST_F(DocumentsAtTheDesk, files_dropped_on_list_or_notes_are_attached_and_all_else_refused) {
+TEST_F(DocumentsOfANote, files_dropped_on_list_or_notes_are_attached_and_all_else_refused) {
   onNote({file("uno.txt", "uno")}, [&] {
     QMimeData several, remote, text;
     several.setUrls({file("dos.txt", "dos"), QUrl("https://example.org/x.pdf"), file("Ñandú 🏠.txt", "tres")});
@@ -175,7 +109,7 @@ TEST_F(DocumentsAtTheDesk, files_dropped_on_list_or_notes_are_attached_and_all_e
   });
 }
 
-TEST_F(DocumentsAtTheDesk, a_document_is_dragged_out_under_the_name_it_is_shown_by) {
+TEST_F(DocumentsOfANote, a_document_is_dragged_out_under_the_name_it_is_shown_by) {
   onNote({file("Contrato de Íñigo.docx", "contrato"), file("Contrato de Íñigo.docx", "contrato")}, [&] {
     const auto documents = card().as<forms::ListView>(u"LsvDocu");
     const Text path = documents->userDragsOut(2);
@@ -192,7 +126,7 @@ TEST_F(DocumentsAtTheDesk, a_document_is_dragged_out_under_the_name_it_is_shown_
   });
 }
 
-TEST_F(DocumentsAtTheDesk, the_keyboard_reaches_the_list_opens_renames_and_leaves_it) {
+TEST_F(DocumentsOfANote, the_keyboard_reaches_the_list_opens_renames_and_leaves_it) {
   onNote({file("carta.doc", "uno"), file("plano.pdf", "dos")}, [&] {
     tabTo(u"LsvDocu");
     press(Qt::Key_Down);
@@ -215,7 +149,7 @@ TEST_F(DocumentsAtTheDesk, the_keyboard_reaches_the_list_opens_renames_and_leave
   });
 }
 
-TEST_F(DocumentsAtTheDesk, delete_removes_after_its_question_and_with_the_last_one_the_focus_goes_on) {
+TEST_F(DocumentsOfANote, delete_removes_after_its_question_and_with_the_last_one_the_focus_goes_on) {
   onNote({file("carta.doc", "uno"), file("plano.pdf", "dos")}, [&] {
     tabTo(u"LsvDocu");
     press(Qt::Key_Delete);
@@ -240,7 +174,7 @@ TEST_F(DocumentsAtTheDesk, delete_removes_after_its_question_and_with_the_last_o
   EXPECT_EQ(QDir(home() + "/data/Trash/files").entryList(QDir::Files).size(), 2);
 }
 
-TEST_F(DocumentsAtTheDesk, the_width_of_the_list_set_by_keys_is_remembered) {
+TEST_F(DocumentsOfANote, the_width_of_the_list_set_by_keys_is_remembered) {
   double width = 0;
   onNote({file("carta.doc", "uno")}, [&] {
     tab(false);
@@ -253,7 +187,7 @@ TEST_F(DocumentsAtTheDesk, the_width_of_the_list_set_by_keys_is_remembered) {
   EXPECT_EQ(here.settings.stored(u"Agencia", u"frmNota", u"DocsWidth"), Variant(width).text());
 }
 
-TEST_F(DocumentsAtTheDesk,
+TEST_F(DocumentsOfANote,
        two_hundred_files_show_how_far_they_are_keep_the_window_drawn_and_are_attached_once) {
   constexpr int many = 200;
   QMimeData data, more;
