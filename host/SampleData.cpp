@@ -254,7 +254,7 @@ std::vector<SampleFile> sampleFiles() {
   for (const Attachment& a : attachments)  // a number of one digit has its documents in "Doc0\"
     files.push_back({u"Doc0\\" + Text(a.stored), a.content});
   for (const Model& m : models)
-    files.push_back({u"Plantillas\\" + Text(m.name), toUtf8(m.name) + "\r\n" + toUtf8(m.notes) + "\r\n"});
+    files.push_back({u"Plantillas\\" + Text(m.name), sampleDocument(m.title, m.text, {})});
   std::ranges::move(sampleTemplates(), std::back_inserter(files));
   return files;
 }

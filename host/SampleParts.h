@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "host/SampleData.h"
+#include "host/SampleModels.h"
 #include "host/SampleWords.h"
 
 // What the makers of the sample's parents and of its annotations share.
@@ -42,15 +43,6 @@ inline constexpr std::int32_t agencyCount = std::size(words::agencies);
 inline constexpr std::int32_t accessCount = std::size(words::accesses);
 inline constexpr std::int32_t caseCount = 24;
 inline constexpr std::int32_t projectCount = std::size(words::projects);
-
-struct Model {
-  TextView name, notes;
-  int subject, part;
-};
-inline constexpr Model models[] = {{u"Contrato de arras.txt", u"Arras penitenciales, dos ejemplares", 1, 1},
-                                   {u"Encargo de venta.txt", u"Con exclusiva de seis meses", 1, 0},
-                                   {u"Petición de nota simple.txt", u"Al registro de la propiedad", 4, 10},
-                                   {u"Recibí de llaves.txt", u"", 0, 0}};
 
 // Look-up tables, properties, case files, projects.
 void makeParents(RowSink& sink);

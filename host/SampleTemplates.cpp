@@ -6,14 +6,16 @@ namespace ovalia::host {
 
 namespace {
 
-// A line of `text` is a paragraph; a name in brackets is a mark, and a tab goes to the column of the values.
+constexpr TextView headOfProperty = u"Ref.: [Referencia]";
+
 struct SampleTemplate {
   TextView folder, name, title, text;
+  TextView head = headOfProperty;
 };
 
 constexpr TextView letterToOwner =
     u"[Propietario]\n"
-    u"Teléfonos: [PropietarioTfno1] [PropietarioTfno2]\n"
+    u"Teléfonos:\t[PropietarioTfno1]\t[PropietarioTfno2]\n"
     u"\n"
     u"[Fecha]\n"
     u"\n"
@@ -32,7 +34,7 @@ constexpr TextView letterToOwner =
     u"[Autor]\n";
 
 constexpr SampleTemplate templates[] = {
-    {u"", u"Carta al propietario", u"Carta al propietario", letterToOwner},
+    {u"", u"Carta al propietario", u"", letterToOwner},
     {u"", u"Hoja del inmueble", u"Datos del inmueble",
      u"Referencia:\t[Referencia2]\n"
      u"Número y piso:\t[Numero]\n"
@@ -41,10 +43,10 @@ constexpr SampleTemplate templates[] = {
      u"Gastos:\t[Gastos]\n"
      u"Notas:\t[NotasInm]\n"
      u"Propietario:\t[Propietario]\n"
-     u"Teléfonos:\t[PropietarioTfno1] [PropietarioTfno2]\n"
+     u"Teléfonos:\t[PropietarioTfno1]\t[PropietarioTfno2]\n"
      u"\n"
      u"A petición de [Autor], el [Fecha]: [Asunto]\n"},
-    {u"Nota\\", u"Carta al propietario", u"Carta al propietario", letterToOwner},
+    {u"Nota\\", u"Carta al propietario", u"", letterToOwner},
     {u"Nota\\", u"Nota interna", u"Nota interna",
      u"Asunto:\t[Asunto]\n"
      u"De:\t[Autor]\n"
@@ -57,7 +59,7 @@ constexpr SampleTemplate templates[] = {
      u"[Notas]\n"},
     {u"Visita\\", u"Hoja de visita", u"Hoja de visita",
      u"Visitante:\t[Cliente]\n"
-     u"Teléfonos:\t[Tfno1] [Tfno2]\n"
+     u"Teléfonos:\t[Tfno1]\t[Tfno2]\n"
      u"Comienzo:\t[Comienzo]\n"
      u"Fin:\t[Fin]\n"
      u"Lugar:\t[Ubicación]\n"
@@ -91,7 +93,8 @@ constexpr SampleTemplate templates[] = {
      u"Fecha:\t[Fecha]\n"
      u"Anuncio número:\t[Id]\n"
      u"\n"
-     u"[Notas]\n"},
+     u"[Notas]\n",
+     u""},
 };
 
 // All names of marks are of the code page of the document.
@@ -113,7 +116,8 @@ std::string bookmark(TextView mark) {
   return "{\\*\\bkmkstart " + name + "}[" + rtfText(mark) + "]{\\*\\bkmkend " + name + "}";
 }
 
-std::string paragraph(TextView line) {
+// The text with its marks.
+std::string marked(TextView line) {
   std::string written;
   while (!line.empty()) {
     const auto open = std::min(line.find(u'['), line.size());
@@ -124,33 +128,32 @@ std::string paragraph(TextView line) {
     written += bookmark(line.substr(1, close - 1));
     line.remove_prefix(close + 1);
   }
-  return written + "\\par\r\n";
-}
-
-std::string document(const SampleTemplate& row) {
-  std::string text =
-      "{\\rtf1\\ansi\\ansicpg1252\\deff0\\deflang3082{\\fonttbl{\\f0\\froman Times New Roman;}{\\f1\\fswiss "
-      "Arial;}}\r\n\\paperw11906\\paperh16838\\margl1418\\margr1418\\margt1418\\margb1418\r\n"
-      "{\\header\\pard\\qr\\f1\\fs18 Ref.: " +
-      bookmark(u"Referencia") +
-      "\\par}\r\n{\\footer\\pard\\qc\\f1\\fs18 "
-      "{\\field{\\*\\fldinst PAGE}{\\fldrslt 1}}\\par}\r\n"
-      "\\pard\\sa240\\f1\\b\\fs32 " +
-      rtfText(row.title) + "\\par\r\n\\pard\\sa60\\tx2268\\f0\\b0\\fs24\r\n";
-  for (TextView rest = row.text; !rest.empty();) {
-    const auto end = rest.find(u'\n');
-    text += paragraph(rest.substr(0, end));
-    rest.remove_prefix(end + 1);
-  }
-  return text + "}\r\n";
+  return written;
 }
 
 }  // namespace
 
+std::string sampleDocument(TextView title, TextView text, TextView head) {
+  std::string document =
+      "{\\rtf1\\ansi\\ansicpg1252\\deff0\\deflang3082{\\fonttbl{\\f0\\froman Times New Roman;}{\\f1\\fswiss "
+      "Arial;}}\r\n\\paperw11906\\paperh16838\\margl1418\\margr1418\\margt1418\\margb1418\r\n";
+  if (!head.empty()) document += "{\\header\\pard\\qr\\f1\\fs18 " + marked(head) + "\\par}\r\n";
+  document += "{\\footer\\pard\\qc\\f1\\fs18 {\\field{\\*\\fldinst PAGE}{\\fldrslt 1}}\\par}\r\n";
+  if (!title.empty()) document += "\\pard\\sa240\\f1\\b\\fs32 " + rtfText(title) + "\\par\r\n";
+  document += "\\pard\\sa60\\tx2268\\tx4253\\f0\\b0\\fs24\r\n";
+  while (!text.empty()) {
+    const auto end = text.find(u'\n');
+    document += marked(text.substr(0, end)) + "\\par\r\n";
+    text.remove_prefix(end + 1);
+  }
+  return document + "}\r\n";
+}
+
 std::vector<SampleFile> sampleTemplates() {
   std::vector<SampleFile> files;
   for (const SampleTemplate& row : templates)
-    files.push_back({join(u"Plantillas\\", row.folder, row.name, u".dot"), document(row)});
+    files.push_back({join(u"Plantillas\\", row.folder, row.name, u".dot"),
+                     sampleDocument(row.title, row.text, row.head)});
   return files;
 }
 

@@ -10,6 +10,9 @@
 #include "host/PassingSettings.h"
 #include "host/TourBook.h"
 #include "host/TourDocuments.h"
+#include "host/TourMail.h"
+#include "host/TourModels.h"
+#include "host/TourPrints.h"
 #include "host/TourStage.h"
 #include "host/TourWitness.h"
 
@@ -79,7 +82,11 @@ class Tour {
     book_.chapter(u"Ficha del inmueble");
     if (CardPage* page = openFirstProperty()) {
       for (const Chapter& chapter : chapters) play(*page, chapter);
-      playDocuments({window_, dialogs_, book_, stage_, witness_, folder_}, *page);
+      const TourCast cast{window_, dialogs_, book_, stage_, witness_, folder_};
+      playDocuments(cast, *page);
+      playPrints(cast, *page);
+      playModels(cast, *page);
+      playMail(cast, *page);
     }
     return book_.close();
   }
@@ -270,6 +277,7 @@ class Tour {
 bool playTour(MainWindow& window, TourDialogs& dialogs, const fs::path& folder) {
   const PassingSettings settings;
   const PassingBin bin(folder / "papelera");
+  prepareMail();
   return Tour(window, dialogs, fs::absolute(folder)).play();
 }
 
@@ -278,6 +286,7 @@ fs::path copyForTour(const fs::path& database, const fs::path& folder) {
   try {
     copyDatabaseFile(database, copy);
     copyFolder(documentsFolder(database), documentsFolder(copy));
+    makeSampleDocuments(documentsFolder(copy));
   } catch (const Failure& failure) {
     throw StartFailure(failure.description());
   }

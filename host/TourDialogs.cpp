@@ -17,10 +17,13 @@ std::vector<Text> TourDialogs::openFiles(const FileQuestion&) {
   return std::exchange(files, {});
 }
 
+Text TourDialogs::saveFile(const FileQuestion&) { return std::exchange(target, {}); }
+
 bool TourDialogs::openFile(TextView nativePath, TextView shownName) {
   const QString path = toQt(nativePath);
-  opened.push_back(u"«" + Text(shownName) + u"» (" + fromQt(QFileInfo(path).fileName()) + u"): " +
-                   fromQt(desktop::documentType(path, toQt(shownName)).name()));
+  opened.push_back({Text(nativePath), u"«" + Text(shownName) + u"» (" + fromQt(QFileInfo(path).fileName()) +
+                                          u"): " +
+                                          fromQt(desktop::documentType(path, toQt(shownName)).name())});
   return true;
 }
 

@@ -110,12 +110,14 @@ class DocumentsChapter {
   }
 
   void openAll() {
+    auto& opened = cast_.dialogs.opened;
+    opened.clear();
     for (int i = 0; i < list().count(); ++i) {
       TourStage::clickItem(list(), i);
       TourStage::press(list(), Qt::Key_Return);
     }
-    for (const Text& document : cast_.dialogs.opened) book_.line(u"Se abre " + document);
-    book_.check(int(cast_.dialogs.opened.size()) == list().count(), u"se abren todos");
+    for (const auto& document : opened) book_.line(u"Se abre " + document.told);
+    book_.check(int(opened.size()) == list().count(), u"se abren todos");
   }
 
   void rename() {

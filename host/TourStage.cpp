@@ -15,6 +15,7 @@
 #include <QToolButton>
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "desktop/QtText.h"
 #include "platform/Failure.h"
@@ -56,6 +57,13 @@ QDialog* dialogUp() {
   return nullptr;
 }
 
+QWidget* windowOf(const std::shared_ptr<forms::Form>& form) {
+  if (!form || !form->Visible()) return nullptr;
+  for (QWidget* window : QApplication::topLevelWidgets())
+    if (window->isVisible() && window->objectName() == toQt(form->Name())) return window;
+  return nullptr;
+}
+
 void click(QWidget& aimed, const QPointF& at) {
   const QPointer<QWidget> kept(&aimed);
   for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
@@ -80,19 +88,17 @@ TourStage::TourStage(TourBook& book, fs::path folder) : book_(book), folder_(std
   watch_.start(lookEveryMilliseconds);
 }
 
-forms::Form& TourStage::card() {
-  const auto form = forms::Runtime::current().activeForm();
-  if (!form) throw Failure(failure::objectNotSet);
-  return *form;
+TourStage::FormRef TourStage::form() const {
+  return over_ ? over_->lock() : forms::Runtime::current().activeForm();
 }
 
-QWidget* TourStage::window() const {
-  const auto form = forms::Runtime::current().activeForm();
-  if (!form || !form->Visible()) return nullptr;
-  for (QWidget* window : QApplication::topLevelWidgets())
-    if (window->isVisible() && window->objectName() == toQt(form->Name())) return window;
-  return nullptr;
+forms::Form& TourStage::card() {
+  const FormRef up = form();
+  if (!up) throw Failure(failure::objectNotSet);
+  return *up;
 }
+
+QWidget* TourStage::window() const { return windowOf(form()); }
 
 QWidget* TourStage::widget(TextView control) {
   QWidget* found = window() ? window()->findChild<QWidget*>(toQt(control)) : nullptr;
@@ -100,17 +106,40 @@ QWidget* TourStage::widget(TextView control) {
   return found;
 }
 
-bool TourStage::cardIsUp() const { return window() && QApplication::activeModalWidget() == window(); }
+bool TourStage::isUp(const FormRef& form) const {
+  QWidget* window = windowOf(form);
+  return window && QApplication::activeModalWidget() == window;
+}
 
 void TourStage::withCard(const std::function<void()>& opening, const std::function<void()>& onCard) {
+  whileUp([this] { return form(); }, opening, onCard);
+}
+
+void TourStage::withForm(TextView name, const std::function<void()>& opening,
+                         const std::function<void()>& onForm) {
+  const auto before = over_;
+  const auto wanted = [name] {
+    for (const FormRef& each : forms::Runtime::current().loadedForms())
+      if (each->Name() == name) return each;
+    return FormRef();
+  };
+  whileUp(wanted, opening, [&] {
+    over_ = wanted();
+    onForm();
+  });
+  over_ = before;
+}
+
+void TourStage::whileUp(const std::function<FormRef()>& wanted, const std::function<void()>& opening,
+                        const std::function<void()>& onForm) {
   bool opened = false;
   QTimer wait;
   QObject::connect(&wait, &QTimer::timeout, &wait, [&] {
-    if (!cardIsUp()) return;
+    if (!isUp(wanted())) return;
     wait.stop();
     opened = true;
     try {
-      onCard();
+      onForm();
     } catch (const Failure& failure) {
       book_.fail(u"el recorrido no puede seguir: " + failure.description());
     }
@@ -160,6 +189,8 @@ void TourStage::types(TextView control, const QString& text) {
   type(*input, text);
 }
 
+void TourStage::clicks(TextView control) { click(*widget(control)); }
+
 void TourStage::presses(TextView tool) {
   const auto* bar = window() ? window()->findChild<QToolBar*>() : nullptr;
   if (!bar) return book_.fail(u"falta la barra de herramientas");
@@ -172,13 +203,22 @@ void TourStage::presses(TextView tool) {
   book_.fail(u"falta la herramienta " + Text(tool));
 }
 
-void TourStage::chooses(TextView tool) { card().toolbars().userSelects(tool); }
+void TourStage::chooses(TextView tool, TextView menu) {
+  if (!menu.empty()) card().toolbars().userOpensMenu(menu);
+  card().toolbars().userSelects(tool);
+}
 
 QWidget& TourStage::drawn(TextView control) { return *widget(control); }
 
 void TourStage::clickItem(QListWidget& list, int row) {
   list.scrollToItem(list.item(row));
   click(*list.viewport(), list.visualItemRect(list.item(row)).center());
+}
+
+void TourStage::clickButton(QDialog& dialog, const QString& name) {
+  auto* button = dialog.findChild<QAbstractButton*>(name);
+  if (!button) throw Failure(failure::noSuchControl, fromQt(name));
+  button->click();
 }
 
 void TourStage::closes() {
@@ -207,13 +247,18 @@ void TourStage::answers(const QString& text, const QString& button, const char* 
 
 void TourStage::uses(const QString& name, const std::function<void(QDialog&)>& use,
                      const std::function<void()>& doing) {
-  meet({[=](QDialog& dialog) { return dialog.objectName() == name; }, use, name}, doing);
+  const auto isIt = [=](QDialog& dialog) {
+    return dialog.objectName() == name || dialog.windowTitle() == name;
+  };
+  meet({isIt, use, name}, doing);
 }
 
 void TourStage::meet(Meeting meeting, const std::function<void()>& doing) {
-  due_ = &meeting;
+  Meeting* const before = std::exchange(due_, &meeting);
+  const QPointer<QDialog> below = met_;
   doing();
-  due_ = nullptr;
+  due_ = before;
+  met_ = below;
   if (!meeting.came) book_.fail(u"no ha aparecido «" + fromQt(meeting.what) + u"»");
 }
 
@@ -229,7 +274,14 @@ void TourStage::look() {
   met_ = dialog;
   looks_ = 0;
   due_->came = true;
-  QTimer::singleShot(0, dialog, [dialog, handle = due_->handle] { handle(*dialog); });
+  QTimer::singleShot(0, dialog, [this, dialog, handle = due_->handle] {
+    try {
+      handle(*dialog);
+    } catch (const Failure& failure) {
+      book_.fail(u"el recorrido no puede seguir: " + failure.description());
+      dialog->done(QDialog::Rejected);
+    }
+  });
 }
 
 void TourStage::refuse(QDialog& dialog) {

@@ -50,6 +50,11 @@ Text TourWitness::value(TextView table, std::int32_t key, TextView field) {
   return row->isEOF() ? Text() : row->value(field).text();
 }
 
+Variant TourWitness::answer(TextView query) {
+  const auto rows = database_->OpenRecordset(query, dao::dbOpenSnapshot);
+  return rows->isEOF() ? Null : rows->fields().at(0)->Value();
+}
+
 Text TourWitness::row(TextView table, std::int32_t key, std::span<const TextView> fields) {
   const auto row = rowOf(table, key);
   Text all = Text(table) + u" " + toText(key) + u": ";

@@ -19,6 +19,9 @@ class TourWitness {
   bool has(TextView table, std::int32_t key);
   Text value(TextView table, std::int32_t key, TextView field);
 
+  // The first field of the first row that a query gives; Null without rows.
+  Variant answer(TextView query);
+
   // "NotaIP 12: Asunto «Llaves», Notas «...», FechaActualizacion «04/02/2025 14:49:08»"
   Text row(TextView table, std::int32_t key, std::span<const TextView> fields);
 

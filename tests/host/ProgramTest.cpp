@@ -26,7 +26,7 @@ class Program : public kit::LogicTest {
     const std::string output = (folder.path() / "salida.txt").string();
     const std::string command = "env -u DISPLAY -u WAYLAND_DISPLAY HOME=" + home + " XDG_DATA_HOME=" + home +
                                 "/datos XDG_CONFIG_HOME=" + home +
-                                "/config QT_QPA_PLATFORM=offscreen timeout 100 " AGENCIA_PROGRAM " " +
+                                "/config QT_QPA_PLATFORM=offscreen timeout 300 " AGENCIA_PROGRAM " " +
                                 arguments + " > '" + output + "' 2>&1";
     const int status = std::system(command.c_str());
     return {WEXITSTATUS(status), folder.content("salida.txt")};
@@ -43,6 +43,9 @@ class Program : public kit::LogicTest {
   }
   Outcome tour() { return start("--database " + quoted("agencia.db") + " --tour " + quoted("fotos")); }
   std::string transcript() { return folder.content("fotos/transcript.txt"); }
+  void expectPicture(const std::string& name) {
+    EXPECT_EQ(folder.content("fotos/" + name + ".png").substr(0, 4), "\x89PNG") << name;
+  }
 
   kit::TemporaryFolder folder;
 };
@@ -89,21 +92,25 @@ TEST_F(Program, says_that_it_needs_a_screen) {
   EXPECT_THAT(outcome.text, HasSubstr("No hay pantalla"));
 }
 
-TEST_F(Program, tours_all_kinds_on_its_first_start) {
+// One tour for all: it takes its time.
+TEST_F(Program, tours_all_kinds_documents_prints_models_and_mail_on_its_first_start) {
   const Outcome outcome = start("--tour " + quoted("fotos"));
   ASSERT_EQ(outcome.status, 0) << outcome.text << transcript();
   EXPECT_TRUE(folder.has("datos/agencia/agencia.db"));
-  EXPECT_EQ(folder.content("fotos/agencia.png").substr(1, 3), "PNG");
-  for (const std::string kind : {"nota", "visita", "anuncio", "llamada"})
-    for (const char* end : {"", "-cambiada", "-pregunta", "-rechazada", "-nueva", "-encontrada"})
-      EXPECT_EQ(folder.content("fotos/" + kind + end + ".png").substr(1, 3), "PNG") << kind << end;
-  for (const std::string documents : {"iconos-grandes", "iconos-pequenos", "lista", "nombre", "quitar"})
-    EXPECT_EQ(folder.content("fotos/documentos-" + documents + ".png").substr(1, 3), "PNG") << documents;
+  EXPECT_FALSE(folder.has("datos/Trash")) << "the user's own bin is left alone";
   EXPECT_FALSE(folder.has("fotos/aviso.png"));
-}
-
-TEST_F(Program, attaches_opens_renames_removes_and_moves_documents_on_a_tour) {
-  ASSERT_EQ(start("--tour " + quoted("fotos")).status, 0) << transcript();
+  for (const char* picture : {"agencia", "mover", "movida", "correo", "modelo-crear", "modelo-repetido",
+                              "modelos", "modelos-seleccion"})
+    expectPicture(picture);
+  for (const std::string kind : {"nota", "visita", "anuncio", "llamada"}) {
+    for (const char* end : {"", "-cambiada", "-pregunta", "-rechazada", "-nueva", "-encontrada"})
+      expectPicture(kind + end);
+    expectPicture("imprimir-" + kind);
+    expectPicture("impreso-" + kind);
+    EXPECT_EQ(folder.content("fotos/impreso-" + kind + ".pdf").substr(0, 4), "%PDF") << kind;
+  }
+  for (const std::string documents : {"iconos-grandes", "iconos-pequenos", "lista", "nombre", "quitar"})
+    expectPicture("documentos-" + documents);
   for (const char* line :
        {"Bien: la ficha enseña los 9", "«Contrato de arras.doc», fichero 1F02.doc",
         "Se abre «Fachada desde la calle.jpg» (1F09.jpg): image/png",
@@ -111,12 +118,14 @@ TEST_F(Program, attaches_opens_renames_removes_and_moves_documents_on_a_tour) {
         "(1F03.doc): text/plain",
         "«Arras: señal de 3.000 €.doc», fichero 1F02.doc", "papelera: 1F03.doc, 13 bytes",
         "Cuadro «Mover la nota marcada a»", "Bien: la nota cuelga de otro inmueble", "fichero 2F00.doc",
+        "tiene el propietario: «", "tiene el visitante: «", "tiene el medio: «", "tiene el anuncio: «",
+        "Bien: la base de datos tiene el modelo «Contrato de alquiler con garaje.rtf» con sus notas",
+        "Bien: la copia es como el modelo", "Para: propietario@correo.example",
         "Recorrido terminado: todo ha ido como se esperaba."})
     EXPECT_THAT(transcript(), HasSubstr(line));
-  EXPECT_FALSE(folder.has("datos/Trash")) << "the user's own bin is left alone";
 }
 
-TEST_F(Program, tells_on_a_tour_what_the_database_held_before_and_after_each_step) {
+TEST_F(Program, tells_on_a_tour_what_the_database_held_and_leaves_its_users_data_alone) {
   agencyWith("UPDATE NotaIP SET Asunto = 'Llaves del ático', Categorias = NULL WHERE IdNota = 1");
   const Outcome outcome = tour();
   ASSERT_EQ(outcome.status, 0) << outcome.text << transcript();
@@ -133,15 +142,12 @@ TEST_F(Program, tells_on_a_tour_what_the_database_held_before_and_after_each_ste
         "Recorrido terminado: todo ha ido como se esperaba."})
     EXPECT_THAT(transcript(), HasSubstr(line));
   EXPECT_THAT(transcript(), Not(HasSubstr("AVISO")));
-}
-
-TEST_F(Program, leaves_its_users_data_and_settings_alone_on_a_tour) {
-  agencyWith("UPDATE NotaIP SET Asunto = 'Mía' WHERE IdNota = 1");
-  ASSERT_EQ(tour().status, 0) << transcript();
   const auto held = [&](const std::string& file) {
-    const auto rows = openAgency(folder.path() / file, u"")
-                          .database->OpenRecordset(u"SELECT Count(*) AS N FROM NotaIP WHERE Asunto = 'Mía'",
-                                                   dao::dbOpenSnapshot);
+    const auto rows =
+        openAgency(folder.path() / file, u"")
+            .database->OpenRecordset(
+                u"SELECT Count(*) AS N FROM NotaIP WHERE IdNota = 1 AND Asunto = 'Llaves del ático'",
+                dao::dbOpenSnapshot);
     return rows->value(u"N").toLong();
   };
   EXPECT_EQ(held("agencia.db"), 1);
@@ -161,6 +167,16 @@ TEST_F(Program, fails_the_tour_when_a_save_does_not_reach_the_database) {
   agencyWith("CREATE TRIGGER Sordo BEFORE UPDATE ON AnuncioIP BEGIN SELECT RAISE(IGNORE); END");
   EXPECT_EQ(tour().status, 1);
   EXPECT_THAT(transcript(), HasSubstr("AVISO: no es así: la base de datos tiene «Cambiado en el recorrido"));
+}
+
+TEST_F(Program, fails_the_tour_when_a_value_is_missing_on_a_printed_page) {
+  agencyWith("");
+  folder.putFolder("agencia-documentos/Plantillas/Llamada");
+  folder.putFile("agencia-documentos/Plantillas/Llamada/Parte de llamada.dot",
+                 "{\\rtf1\\ansi Fecha: {\\*\\bkmkstart Fecha}{\\*\\bkmkend Fecha}\\par}");
+  EXPECT_EQ(tour().status, 1);
+  EXPECT_THAT(transcript(), HasSubstr("Bien: la hoja de LlamadaAIP 1 tiene la fecha"));
+  EXPECT_THAT(transcript(), HasSubstr("AVISO: no es así: la hoja de LlamadaAIP 1 tiene el autor"));
 }
 
 TEST_F(Program, fails_the_tour_when_there_is_nothing_to_open) {
