@@ -6,11 +6,11 @@
 #include <QFile>
 #include <QMimeDatabase>
 #include <QRegularExpression>
-#include <QTextDocument>
 #include <array>
 #include <string_view>
 
 #include "desktop/DiskFile.h"
+#include "desktop/HtmlText.h"
 #include "desktop/LeavingFile.h"
 #include "desktop/Mime.h"
 #include "desktop/QtText.h"
@@ -57,22 +57,6 @@ Text lines(const QString& text) {
   return fromQt(plain.replace(u'\n', QStringLiteral("\r\n")));
 }
 
-// No image or style is looked for.
-class UnconnectedDocument : public QTextDocument {
- protected:
-  QVariant loadResource(int, const QUrl&) override { return QByteArray(); }
-};
-
-QString withoutLayout(const QString& html) {
-  // A head that nothing ends would swallow the text; what belongs into one is no text anywhere.
-  static const QRegularExpression head(QStringLiteral("</?head\\b[^>]*>"),
-                                       QRegularExpression::CaseInsensitiveOption);
-  UnconnectedDocument document;
-  document.setHtml(QString(html).remove(head));
-  // Where an image stood there is nothing to read.
-  return document.toPlainText().remove(QChar(QChar::ObjectReplacementCharacter));
-}
-
 bool isType(GMimeObject* part, const char* type, const char* subtype) {
   return g_mime_content_type_is_type(g_mime_object_get_content_type(part), type, subtype);
 }
@@ -103,7 +87,7 @@ std::string charsetOf(GMimeObject* part, const std::string& bytes) {
   const char* named = g_mime_object_get_content_type_parameter(part, "charset");
   QString name = QString::fromLatin1(named);
   if (!named && isType(part, "text", "html")) {
-    static const QRegularExpression meta(QStringLiteral("<meta\\s[^>]*charset\\s*=\\s*[\"']?([\\w.:-]+)"),
+    static const QRegularExpression meta(QStringLiteral("<meta\\s[^<>]*charset\\s*=\\s*[\"']?([\\w.:-]+)"),
                                          QRegularExpression::CaseInsensitiveOption);
     constexpr std::size_t head = 4096;
     name =
@@ -146,7 +130,7 @@ class Reader {
     else if (isText(part, "plain"))
       add(textOf(part));
     else if (isText(part, "html"))
-      add(withoutLayout(textOf(part)));
+      add(textOfHtml(textOf(part)));
     else
       attach(part);
   }

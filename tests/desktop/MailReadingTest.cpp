@@ -247,6 +247,23 @@ TEST_F(MailReading, does_not_follow_parts_in_parts_without_end) {
   EXPECT_TRUE(read(mail + "\nhola\n"));
 }
 
+// The program would stand still for minutes.
+TEST_F(MailReading, does_not_follow_html_in_html_without_end) {
+  const std::string head = "Subject: a\nContent-Type: text/html\n\n<style>b{}</style>";
+  for (const std::string mark : {"<div>", "<b>", "<table><tr><td>"}) {
+    std::string html = head;
+    for (int i = 0; i < 100000; ++i) html += mark;
+    const auto mail = read(html + "<p>uno &amp; dos</p><p>tres</p>\n");
+    EXPECT_EQ(toUtf8(mail->text).substr(toUtf8(mail->text).find_first_not_of("\r\n ")), "uno & dos\r\ntres")
+        << mark;
+  }
+  for (const std::string mark : {"<", "<head ", "<p ", "&", "<p>", "<li>", "<td>"}) {
+    std::string html = head;
+    for (int i = 0; i < 100000; ++i) html += mark;
+    EXPECT_TRUE(read(html + "\n")) << mark;
+  }
+}
+
 TEST_F(MailReading, refuses_what_is_no_mail) {
   EXPECT_FALSE(read(""));
   EXPECT_FALSE(read("una carta\n\nque no es un correo\n"));
