@@ -12,7 +12,7 @@ struct Model {
 };
 
 inline constexpr Model models[] = {
-    {u"Contrato de arras.txt", u"Arras penitenciales, dos ejemplares", 1, 1, u"Contrato de arras",
+    {u"Contrato de arras.rtf", u"Arras penitenciales, dos ejemplares", 1, 1, u"Contrato de arras",
      u"En ........................., a ..... de ........................ de 20.....\n"
      u"\n"
      u"Vendedor:\t......................................................................\n"
@@ -30,7 +30,7 @@ inline constexpr Model models[] = {
      u"Se firma por duplicado.\n"
      u"\n"
      u"El vendedor:\t\tEl comprador:\n"},
-    {u"Encargo de venta.txt", u"Con exclusiva de seis meses", 1, 0, u"Encargo de venta en exclusiva",
+    {u"Encargo de venta.rtf", u"Con exclusiva de seis meses", 1, 0, u"Encargo de venta en exclusiva",
      u"Propietario:\t......................................................................\n"
      u"Documento:\t..............................\n"
      u"Teléfono:\t..............................\n"
@@ -44,7 +44,7 @@ inline constexpr Model models[] = {
      u"Honorarios: el ...... % del precio de venta, más IVA, que se pagan al firmar la escritura.\n"
      u"\n"
      u"Fecha y firma del propietario:\n"},
-    {u"Petición de nota simple.txt", u"Al registro de la propiedad", 4, 10, u"Petición de nota simple",
+    {u"Petición de nota simple.rtf", u"Al registro de la propiedad", 4, 10, u"Petición de nota simple",
      u"Al Registro de la Propiedad de ..............................\n"
      u"\n"
      u"Se solicita nota simple informativa de la finca siguiente:\n"
@@ -57,7 +57,7 @@ inline constexpr Model models[] = {
      u"Motivo: comprobar la titularidad y las cargas antes de una compraventa.\n"
      u"\n"
      u"Fecha y firma del solicitante:\n"},
-    {u"Recibí de llaves.txt", u"", 0, 0, u"Recibí de llaves",
+    {u"Recibí de llaves.rtf", u"", 0, 0, u"Recibí de llaves",
      u"He recibido de la agencia ...... juegos de llaves del inmueble de referencia ...................., "
      u"que devolveré antes del ..... de ........................ de 20......\n"
      u"\n"

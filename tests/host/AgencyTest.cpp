@@ -172,7 +172,7 @@ TEST_F(Start, a_named_file_is_made_only_when_a_number_of_annotations_goes_with_i
   options.annotations = 20;
   EXPECT_EQ(prepareDatabase(options), folder.path() / "nueva.db");
   EXPECT_TRUE(folder.has("nueva.db"));
-  EXPECT_TRUE(folder.has("nueva-documentos/Plantillas/Contrato de arras.txt"));
+  EXPECT_TRUE(folder.has("nueva-documentos/Plantillas/Contrato de arras.rtf"));
 }
 
 TEST_F(Start, annotations_are_not_poured_into_a_file_that_is_there) {

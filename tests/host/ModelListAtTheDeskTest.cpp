@@ -16,8 +16,8 @@ TEST_F(ChoosingModels, the_one_on_whose_row_one_is_comes_to_the_card_as_a_docume
     choosing([] {
       EXPECT_EQ(QApplication::activeModalWidget()->windowTitle(), "Adjuntar Modelo");
       EXPECT_EQ(focused(), u"grdPlantilla");
-      EXPECT_THAT(names(), ElementsAre("Contrato de arras.txt", "Encargo de venta.txt",
-                                       "Petición de nota simple.txt", "Recibí de llaves.txt"));
+      EXPECT_THAT(names(), ElementsAre("Contrato de arras.rtf", "Encargo de venta.rtf",
+                                       "Petición de nota simple.rtf", "Recibí de llaves.rtf"));
       EXPECT_THAT(column(3), ElementsAre("Civil", "Civil", "Registral", ""));
       EXPECT_THAT(column(4), ElementsAre("Arrendamientos", "", "Notas simples", ""));
       press(Qt::Key_Down);
@@ -25,27 +25,27 @@ TEST_F(ChoosingModels, the_one_on_whose_row_one_is_comes_to_the_card_as_a_docume
       accepts();
       EXPECT_FALSE(isUp(u"ListaModelos"));
     });
-    EXPECT_THAT(listed(), ElementsAre("Petición de nota simple.txt"));
+    EXPECT_THAT(listed(), ElementsAre("Petición de nota simple.rtf"));
     EXPECT_TRUE(list().isVisible());
     EXPECT_FALSE(enabled(u"ID_Guardar"));
   });
   const auto row = database().OpenRecordset(u"SELECT * FROM DocuNotaIP WHERE IdNota = " + toText(note),
                                             dao::dbOpenSnapshot);
   ASSERT_EQ(row->RecordCount(), 1);
-  EXPECT_EQ(row->value(u"NombreOrg").text(), u"Petición de nota simple.txt");
-  EXPECT_TRUE(row->value(u"NombreArch").text().ends_with(u".txt"));
-  EXPECT_EQ(attached(), content(u"Petición de nota simple.txt"));
+  EXPECT_EQ(row->value(u"NombreOrg").text(), u"Petición de nota simple.rtf");
+  EXPECT_TRUE(row->value(u"NombreArch").text().ends_with(u".rtf"));
+  EXPECT_EQ(attached(), content(u"Petición de nota simple.rtf"));
   EXPECT_EQ(stored(u"NotaIP", u"NArchivos", note).toLong(), 1);
   ASSERT_EQ(keyed.opened.size(), 1u);
   EXPECT_TRUE(keyed.opened[0].ends_with(u"/" + row->value(u"NombreArch").text()));
-  EXPECT_EQ(keyed.openedAs, u"Petición de nota simple.txt");
+  EXPECT_EQ(keyed.openedAs, u"Petición de nota simple.rtf");
   EXPECT_EQ(models(), 4);
 }
 
 TEST_F(ChoosingModels, one_model_comes_twice_as_two_documents) {
   onNote({}, [&] {
     for (int i = 0; i < 2; ++i) choosing([] { accepts(); });
-    EXPECT_THAT(listed(), ElementsAre("Contrato de arras.txt", "Contrato de arras.txt"));
+    EXPECT_THAT(listed(), ElementsAre("Contrato de arras.rtf", "Contrato de arras.rtf"));
   });
   EXPECT_EQ(one(u"SELECT COUNT(*) FROM (SELECT DISTINCT NombreArch FROM DocuNotaIP WHERE IdNota = " +
                 toText(note) + u")")
@@ -102,12 +102,12 @@ TEST_F(ChoosingModels, a_subject_narrows_the_list_and_the_button_brings_it_back_
     EXPECT_FALSE(card().control(u"txtTMateria")->Enabled());
     tab();
     EXPECT_TRUE(card().control(u"txtTMateria")->Enabled());
-    EXPECT_THAT(names(), ElementsAre("Contrato de arras.txt", "Encargo de venta.txt"));
+    EXPECT_THAT(names(), ElementsAre("Contrato de arras.rtf", "Encargo de venta.rtf"));
     EXPECT_THAT(column(3), ElementsAre("", "")) << "until the filter is on, names and notes alone";
     EXPECT_EQ(caption(u"cmdSel"), "Seleccionar");
     clicksSelect();
     EXPECT_EQ(caption(u"cmdSel"), "Quitar Selec.");
-    EXPECT_THAT(names(), ElementsAre("Contrato de arras.txt", "Encargo de venta.txt"));
+    EXPECT_THAT(names(), ElementsAre("Contrato de arras.rtf", "Encargo de venta.rtf"));
     EXPECT_THAT(column(3), ElementsAre("Civil", "Civil"));
     clicksSelect();
     EXPECT_EQ(caption(u"cmdSel"), "Seleccionar");
@@ -124,13 +124,13 @@ TEST_F(ChoosingModels, subject_part_and_notes_narrow_together_and_the_choice_amo
       write(u"txtTMateria", "Arrendamientos");
       write(u"txtNotas", "penitenc");
       clicksSelect();
-      EXPECT_THAT(names(), ElementsAre("Contrato de arras.txt"));
+      EXPECT_THAT(names(), ElementsAre("Contrato de arras.rtf"));
       EXPECT_THAT(column(4), ElementsAre("Arrendamientos"));
       tabTo(u"cmdAceptar");
       press(Qt::Key_Space, Qt::NoModifier, " ");
       EXPECT_FALSE(isUp(u"ListaModelos"));
     });
-    EXPECT_THAT(listed(), ElementsAre("Contrato de arras.txt"));
+    EXPECT_THAT(listed(), ElementsAre("Contrato de arras.rtf"));
   });
 }
 
@@ -165,7 +165,7 @@ TEST_F(ChoosingModels, an_unknown_subject_is_held_back_until_one_of_the_agencys_
         "Materia", [] { types("regis"), enter(); }, [] { tab(); });
     EXPECT_EQ(focused(), u"txtMateria");
     EXPECT_EQ(shown(u"txtMateria"), "Registral");
-    EXPECT_THAT(names(), ElementsAre("Petición de nota simple.txt"));
+    EXPECT_THAT(names(), ElementsAre("Petición de nota simple.rtf"));
     tab();
     EXPECT_EQ(focused(), u"cmdSubMateria");
     escape();
@@ -186,7 +186,7 @@ TEST_F(ChoosingModels, a_part_that_the_subject_lacks_brings_the_agencys_list) {
     EXPECT_EQ(shown(u"txtTMateria"), "Notas simples");
     tab();
     EXPECT_EQ(focused(), u"txtNotas");
-    EXPECT_THAT(names(), ElementsAre("Petición de nota simple.txt"));
+    EXPECT_THAT(names(), ElementsAre("Petición de nota simple.rtf"));
     escape();
   });
 }
@@ -241,23 +241,23 @@ TEST_F(ChoosingModels, a_case_file_proposes_only_its_part_and_the_list_begins_wh
 TEST_F(ChoosingModels, headings_sort_up_and_down_and_the_filter_keeps_the_order) {
   onList([&] {
     clickHeading(1);
-    EXPECT_THAT(names(), ElementsAre("Recibí de llaves.txt", "Petición de nota simple.txt",
-                                     "Encargo de venta.txt", "Contrato de arras.txt"));
+    EXPECT_THAT(names(), ElementsAre("Recibí de llaves.rtf", "Petición de nota simple.rtf",
+                                     "Encargo de venta.rtf", "Contrato de arras.rtf"));
     clickHeading(3);
     EXPECT_THAT(column(3), ElementsAre("", "Civil", "Civil", "Registral"));
     clickHeading(3);
     EXPECT_THAT(column(3), ElementsAre("Registral", "Civil", "Civil", ""));
     clickHeading(2);
-    EXPECT_THAT(names(), ElementsAre("Recibí de llaves.txt", "Petición de nota simple.txt",
-                                     "Contrato de arras.txt", "Encargo de venta.txt"));
+    EXPECT_THAT(names(), ElementsAre("Recibí de llaves.rtf", "Petición de nota simple.rtf",
+                                     "Contrato de arras.rtf", "Encargo de venta.rtf"));
     clickHeading(1);
     clickHeading(1);
     write(u"txtNotas", "a");
     clicksSelect();
     EXPECT_THAT(names(),
-                ElementsAre("Petición de nota simple.txt", "Encargo de venta.txt", "Contrato de arras.txt"));
+                ElementsAre("Petición de nota simple.rtf", "Encargo de venta.rtf", "Contrato de arras.rtf"));
     clickHeading(1);
-    EXPECT_EQ(names()[0], "Contrato de arras.txt") << "a heading takes the focus to the list first";
+    EXPECT_EQ(names()[0], "Contrato de arras.rtf") << "a heading takes the focus to the list first";
     EXPECT_EQ(focused(), u"grdPlantilla");
     escape();
   });

@@ -18,10 +18,10 @@ TEST_F(ChoosingModels, several_are_deleted_after_a_question_with_their_documents
     press(Qt::Key_Delete);
     EXPECT_THAT(marked(), ElementsAre(0, 1));
     EXPECT_EQ(models(), 4);
-    EXPECT_TRUE(isThere(u"Contrato de arras.txt"));
+    EXPECT_TRUE(isThere(u"Contrato de arras.rtf"));
     asksToDelete(several, 6);
     press(Qt::Key_Delete);
-    EXPECT_THAT(names(), ElementsAre("Petición de nota simple.txt", "Recibí de llaves.txt"));
+    EXPECT_THAT(names(), ElementsAre("Petición de nota simple.rtf", "Recibí de llaves.rtf"));
     EXPECT_THAT(marked(), IsEmpty());
     EXPECT_EQ(focused(), u"grdPlantilla");
     press(Qt::Key_Space, Qt::NoModifier, " ");
@@ -32,8 +32,8 @@ TEST_F(ChoosingModels, several_are_deleted_after_a_question_with_their_documents
   });
   EXPECT_EQ(models(), 1);
   EXPECT_EQ(trash().size(), 3);
-  EXPECT_FALSE(isThere(u"Contrato de arras.txt"));
-  EXPECT_FALSE(isThere(u"Encargo de venta.txt"));
+  EXPECT_FALSE(isThere(u"Contrato de arras.rtf"));
+  EXPECT_FALSE(isThere(u"Encargo de venta.rtf"));
 }
 
 TEST_F(ChoosingModels, nothing_is_deleted_where_nothing_is_marked) {
@@ -47,7 +47,7 @@ TEST_F(ChoosingModels, nothing_is_deleted_where_nothing_is_marked) {
 }
 
 TEST_F(ChoosingModels, a_model_whose_document_is_gone_is_deleted_all_the_same) {
-  std::filesystem::remove(place() / "Contrato de arras.txt");
+  std::filesystem::remove(place() / "Contrato de arras.rtf");
   onList([&] {
     press(Qt::Key_Space, Qt::NoModifier, " ");
     asksToDelete(u"¿Desea borrar el modelo marcado?", 6);
@@ -56,7 +56,7 @@ TEST_F(ChoosingModels, a_model_whose_document_is_gone_is_deleted_all_the_same) {
     EXPECT_EQ(names().size(), 3u);
     escape();
   });
-  EXPECT_EQ(modelsCalled(u"Contrato de arras.txt"), 0);
+  EXPECT_EQ(modelsCalled(u"Contrato de arras.rtf"), 0);
 }
 
 // A trash that has no room for one document.
@@ -71,7 +71,7 @@ class FullTrash : public desktop::DesktopShell {
 
 TEST_F(ChoosingModels, of_three_the_one_whose_document_stays_is_kept_and_stays_marked) {
   FullTrash full;
-  full.refused = u"Encargo de venta.txt";
+  full.refused = u"Encargo de venta.rtf";
   here.platform.shell = &full;
   onList([&] {
     press(Qt::Key_Space, Qt::NoModifier, " ");
@@ -80,20 +80,20 @@ TEST_F(ChoosingModels, of_three_the_one_whose_document_stays_is_kept_and_stays_m
     asksToDelete(several, 6);
     asked(u"Error devuelto: 5, 13", 0, u"", 1, [] { enter(); });
     asked(u"No se pudo borrar el archivo [" + logicPath(fromUtf8(place().native())) +
-              u"\\Encargo de venta.txt].",
+              u"\\Encargo de venta.rtf].",
           0, u"", 1, [] { enter(); });
     press(Qt::Key_Delete);
-    EXPECT_THAT(names(), ElementsAre("Encargo de venta.txt", "Recibí de llaves.txt"));
+    EXPECT_THAT(names(), ElementsAre("Encargo de venta.rtf", "Recibí de llaves.rtf"));
     EXPECT_THAT(marked(), ElementsAre(0));
     escape();
   });
   here.platform.shell = &shell;
   EXPECT_EQ(models(), 2);
-  EXPECT_TRUE(isThere(u"Encargo de venta.txt"));
+  EXPECT_TRUE(isThere(u"Encargo de venta.rtf"));
 }
 
 TEST_F(ChoosingModels, one_whose_document_is_gone_is_kept_or_its_row_deleted_and_nothing_is_attached) {
-  std::filesystem::remove(place() / "Contrato de arras.txt");
+  std::filesystem::remove(place() / "Contrato de arras.rtf");
   onList([&] {
     asksForReference(7);
     accepts();
@@ -102,7 +102,7 @@ TEST_F(ChoosingModels, one_whose_document_is_gone_is_kept_or_its_row_deleted_and
     asksForReference(6);
     accepts();
     EXPECT_THAT(names(),
-                ElementsAre("Encargo de venta.txt", "Petición de nota simple.txt", "Recibí de llaves.txt"));
+                ElementsAre("Encargo de venta.rtf", "Petición de nota simple.rtf", "Recibí de llaves.rtf"));
     tabTo(u"cmdCancelar");
     press(Qt::Key_Space, Qt::NoModifier, " ");
     EXPECT_FALSE(isUp(u"ListaModelos"));
@@ -113,7 +113,7 @@ TEST_F(ChoosingModels, one_whose_document_is_gone_is_kept_or_its_row_deleted_and
 }
 
 TEST_F(ChoosingModels, a_choice_that_was_refused_stands_where_the_window_is_closed_and_cannot_be_copied) {
-  std::filesystem::remove(place() / "Contrato de arras.txt");
+  std::filesystem::remove(place() / "Contrato de arras.rtf");
   onNote({}, [&] {
     choosing([&] {
       asksForReference(7);
@@ -126,41 +126,41 @@ TEST_F(ChoosingModels, a_choice_that_was_refused_stands_where_the_window_is_clos
       press(Qt::Key_Down);
       accepts();
     });
-    EXPECT_THAT(listed(), ElementsAre("Encargo de venta.txt")) << "the card goes on";
+    EXPECT_THAT(listed(), ElementsAre("Encargo de venta.rtf")) << "the card goes on";
   });
   EXPECT_EQ(rows(), 1);
 }
 
 TEST_F(ChoosingModels, of_two_of_one_name_the_second_loses_its_document_with_the_first) {
-  addRow(u"Encargo de venta.txt", u"El segundo");
+  addRow(u"Encargo de venta.rtf", u"El segundo");
   onNote({}, [&] {
     choosing([&] {
       EXPECT_THAT(names(),
-                  ElementsAre("Contrato de arras.txt", "Encargo de venta.txt", "Encargo de venta.txt",
-                              "Petición de nota simple.txt", "Recibí de llaves.txt"));
+                  ElementsAre("Contrato de arras.rtf", "Encargo de venta.rtf", "Encargo de venta.rtf",
+                              "Petición de nota simple.rtf", "Recibí de llaves.rtf"));
       press(Qt::Key_Down);
       press(Qt::Key_Down);
       accepts();
       EXPECT_FALSE(isUp(u"ListaModelos"));
     });
-    EXPECT_THAT(listed(), ElementsAre("Encargo de venta.txt"));
+    EXPECT_THAT(listed(), ElementsAre("Encargo de venta.rtf"));
     choosing([&] {
       press(Qt::Key_Down);
       asksToDelete(u"¿Desea borrar el modelo marcado?", 6);
       press(Qt::Key_Delete);
-      EXPECT_EQ(modelsCalled(u"Encargo de venta.txt"), 1);
+      EXPECT_EQ(modelsCalled(u"Encargo de venta.rtf"), 1);
       EXPECT_EQ(names().size(), 4u);
       press(Qt::Key_Home);
       press(Qt::Key_Down);
-      ASSERT_EQ(cell(view().currentIndex().row(), 1), "Encargo de venta.txt");
+      ASSERT_EQ(cell(view().currentIndex().row(), 1), "Encargo de venta.rtf");
       asksForReference(6);
       accepts();
       EXPECT_EQ(names().size(), 3u);
       escape();
     });
-    EXPECT_THAT(listed(), ElementsAre("Encargo de venta.txt")) << "the copy on the card is its own";
+    EXPECT_THAT(listed(), ElementsAre("Encargo de venta.rtf")) << "the copy on the card is its own";
   });
-  EXPECT_EQ(modelsCalled(u"Encargo de venta.txt"), 0);
+  EXPECT_EQ(modelsCalled(u"Encargo de venta.rtf"), 0);
   EXPECT_NE(attached(), "(no está)");
 }
 
@@ -168,7 +168,7 @@ TEST_F(ChoosingModels, a_model_that_another_user_deletes_meanwhile_is_told_and_t
   onNote({}, [&] {
     choosing([&] {
       press(Qt::Key_Down);
-      database().Execute(u"DELETE FROM Plantilla WHERE Nombre = 'Encargo de venta.txt'");
+      database().Execute(u"DELETE FROM Plantilla WHERE Nombre = 'Encargo de venta.rtf'");
       asked(u"La ficha acaba de ser borrada por otro usuario y\r\nno se volverá a visualizar.", 4144,
             u"Error", 1, [] { enter(); });
       here.expectLogEntry(u"Evento de ListaModelos", failure::noSuchMember);
@@ -180,7 +180,7 @@ TEST_F(ChoosingModels, a_model_that_another_user_deletes_meanwhile_is_told_and_t
       EXPECT_EQ(names().size(), 3u);
       accepts();
     });
-    EXPECT_THAT(listed(), ElementsAre("Contrato de arras.txt"));
+    EXPECT_THAT(listed(), ElementsAre("Contrato de arras.rtf"));
   });
 }
 

@@ -13,10 +13,10 @@ class ModelsAtTheDesk : public DocumentsAtTheDesk {
   ModelsAtTheDesk() {
     database().Execute(u"DELETE FROM Plantilla");
     std::filesystem::create_directories(place());
-    addModel(u"Contrato de arras.txt", u"Arras penitenciales, dos ejemplares", u"1, 1");
-    addModel(u"Encargo de venta.txt", u"Con exclusiva de seis meses", u"1, Null");
-    addModel(u"Petición de nota simple.txt", u"Al registro de la propiedad", u"4, 10");
-    addModel(u"Recibí de llaves.txt", u"");
+    addModel(u"Contrato de arras.rtf", u"Arras penitenciales, dos ejemplares", u"1, 1");
+    addModel(u"Encargo de venta.rtf", u"Con exclusiva de seis meses", u"1, Null");
+    addModel(u"Petición de nota simple.rtf", u"Al registro de la propiedad", u"4, 10");
+    addModel(u"Recibí de llaves.rtf", u"");
   }
 
   // `keys` are those of its subject and of its part.

@@ -189,7 +189,7 @@ TEST_F(MakingModels, a_form_that_is_cancelled_in_any_way_writes_nothing) {
 }
 
 TEST_F(MakingModels, a_name_that_is_taken_is_refused_with_either_answer_until_another_is_given) {
-  const std::string before = content(u"Encargo de venta.txt");
+  const std::string before = content(u"Encargo de venta.rtf");
   const auto refused = [&](int answer, const char* letter) {
     asked(join(u"Existe un modelo con dicho nombre.", CRLF, CRLF, u"Introduzca otro nombre."), 68, u"Modelo",
           answer, [=] { letters(letter); });
@@ -199,10 +199,10 @@ TEST_F(MakingModels, a_name_that_is_taken_is_refused_with_either_answer_until_an
   };
   onDocument({file("uno.doc", "uno")}, [&] {
     making([&] {
-      types("Encargo de venta.txt");
+      types("Encargo de venta.rtf");
       refused(6, "S");
       refused(7, "N");
-      EXPECT_EQ(shown(u"txtNombre"), "Encargo de venta.txt");
+      EXPECT_EQ(shown(u"txtNombre"), "Encargo de venta.rtf");
       EXPECT_EQ(models(), 4);
       write(u"txtNombre", "Encargo de compra.txt");
       enter();
@@ -210,15 +210,15 @@ TEST_F(MakingModels, a_name_that_is_taken_is_refused_with_either_answer_until_an
     });
   });
   EXPECT_EQ(models(), 5);
-  EXPECT_EQ(content(u"Encargo de venta.txt"), before);
+  EXPECT_EQ(content(u"Encargo de venta.rtf"), before);
   EXPECT_EQ(content(u"Encargo de compra.txt"), "uno");
 }
 
 TEST_F(MakingModels, a_name_that_differs_in_case_alone_replaces_no_model) {
-  const std::string before = content(u"Encargo de venta.txt");
+  const std::string before = content(u"Encargo de venta.rtf");
   onDocument({file("uno.doc", "uno")}, [&] {
     making([&] {
-      types("ENCARGO DE VENTA.TXT");
+      types("ENCARGO DE VENTA.RTF");
       expectReport(u"dlgModelo_Aceptar de CNota", failure::fileAlreadyExists);
       prepared.add([] { letters("N"); });
       enter();
@@ -227,7 +227,7 @@ TEST_F(MakingModels, a_name_that_differs_in_case_alone_replaces_no_model) {
     });
   });
   EXPECT_EQ(models(), 4);
-  EXPECT_EQ(content(u"Encargo de venta.txt"), before);
+  EXPECT_EQ(content(u"Encargo de venta.rtf"), before);
 }
 
 TEST_F(MakingModels, signs_that_no_file_can_have_are_left_out_of_row_and_file_alike) {
