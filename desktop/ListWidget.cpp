@@ -4,6 +4,7 @@
 #include <QListWidget>
 #include <QSignalBlocker>
 #include <QStyledItemDelegate>
+#include <QTextDocument>
 #include <algorithm>
 
 #include "desktop/ControlWidget.h"

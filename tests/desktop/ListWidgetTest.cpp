@@ -1,3 +1,4 @@
+#include <QClipboard>
 #include <QContextMenuEvent>
 #include <QScrollBar>
 
