@@ -46,6 +46,29 @@ TEST_F(ChoosingModels, nothing_is_deleted_where_nothing_is_marked) {
   EXPECT_EQ(models(), 4);
 }
 
+TEST_F(ChoosingModels, from_the_list_of_a_subject_nothing_can_be_deleted_until_the_filter_is_on) {
+  onList([&] {
+    write(u"txtMateria", "Civil");
+    deskkit::tab();
+    const auto deletes = [] {
+      tabTo(u"grdPlantilla");
+      press(Qt::Key_Space, Qt::NoModifier, " ");
+      press(Qt::Key_Delete);
+    };
+    asksToDelete(u"¿Desea borrar el modelo marcado?", 6);
+    reported(u"AntesBorrarPlantilla2 de ListaModelos", failure::typeMismatch);
+    deletes();
+    EXPECT_EQ(models(), 4);
+    EXPECT_TRUE(isThere(u"Contrato de arras.rtf"));
+    clicksSelect();
+    asksToDelete(u"¿Desea borrar el modelo marcado?", 6);
+    deletes();
+    EXPECT_EQ(models(), 3);
+    escape();
+  });
+  EXPECT_FALSE(isThere(u"Contrato de arras.rtf"));
+}
+
 TEST_F(ChoosingModels, a_model_whose_document_is_gone_is_deleted_all_the_same) {
   std::filesystem::remove(place() / "Contrato de arras.rtf");
   onList([&] {
