@@ -119,6 +119,47 @@ Text nameIn(std::string_view document, const std::vector<RtfToken>& tokens, std:
   return trimBlanks(name + fromCodePage(codePage, std::move(bytes)));
 }
 
+struct Group {
+  std::size_t open = 0;
+  std::size_t standIns = 1;
+  int flow = 0;
+  bool hidden = false;
+  // The field whose instructions it stands in, 0 for none, and where that is.
+  std::size_t field = 0;
+  int fieldFlow = 0;
+  bool fieldHidden = false;
+};
+
+Group groupIn(const Group& around, const std::vector<RtfToken>& tokens, std::size_t open, int& flowCount) {
+  const Purpose purpose = purposeOf(tokens, open);
+  Group group = around;
+  group.open = open;
+  if (isOneOf(purpose.word, flows)) {
+    group.flow = ++flowCount;
+    group.hidden = false;
+    group.field = 0;
+  } else if (purpose.starred || isOneOf(purpose.word, tables)) {
+    group.flow = ++flowCount;
+    group.hidden = true;
+  }
+  if (purpose.word == "fldinst") {
+    group.field = around.open;
+    group.fieldFlow = around.flow;
+    group.fieldHidden = around.hidden;
+  }
+  return group;
+}
+
+// A form's field has the beginning of its bookmark among its instructions: the bookmark begins with the
+// field.
+RtfBookmarkEnd withField(RtfBookmarkEnd beginning, const Group& around) {
+  if (around.field == 0) return beginning;
+  beginning.close = around.field - 1;
+  beginning.flow = around.fieldFlow;
+  beginning.hidden = around.fieldHidden;
+  return beginning;
+}
+
 }  // namespace
 
 RtfGroup rtfGroup(const std::vector<RtfToken>& tokens, std::size_t open) {
@@ -129,11 +170,6 @@ RtfGroup rtfGroup(const std::vector<RtfToken>& tokens, std::size_t open) {
 }
 
 std::vector<RtfBookmarkEnd> rtfBookmarkEnds(std::string_view document, const std::vector<RtfToken>& tokens) {
-  struct Group {
-    std::size_t standIns = 1;
-    int flow = 0;
-    bool hidden = false;
-  };
   std::vector<Group> groups{Group()};
   std::vector<RtfBookmarkEnd> ends;
   int codePage = 1252, flowCount = 0;
@@ -144,26 +180,19 @@ std::vector<RtfBookmarkEnd> rtfBookmarkEnds(std::string_view document, const std
       groups.back().standIns = static_cast<std::size_t>(std::max(token.number, 0));
     if (token.kind == Kind::word) codePage = codePageAfter(token, codePage);
     if (token.kind != Kind::open) continue;
-    const Purpose purpose = purposeOf(tokens, i);
-    Group group = groups.back();
+    const Group& around = groups.back();
     if (const std::size_t named = nameGroup(tokens, i)) {
-      ends.push_back({.name = nameIn(document, tokens, named, group.standIns, codePage),
-                      .begins = purposeOf(tokens, named).word == "bkmkstart",
-                      .open = i,
-                      .close = token.partner,
-                      .flow = group.flow,
-                      .hidden = group.hidden});
+      RtfBookmarkEnd end{.name = nameIn(document, tokens, named, around.standIns, codePage),
+                         .begins = purposeOf(tokens, named).word == "bkmkstart",
+                         .open = i,
+                         .close = token.partner,
+                         .flow = around.flow,
+                         .hidden = around.hidden};
+      ends.push_back(end.begins ? withField(std::move(end), around) : std::move(end));
       i = token.partner;
       continue;
     }
-    if (isOneOf(purpose.word, flows)) {
-      group.flow = ++flowCount;
-      group.hidden = false;
-    } else if (purpose.starred || isOneOf(purpose.word, tables)) {
-      group.flow = ++flowCount;
-      group.hidden = true;
-    }
-    groups.push_back(group);
+    groups.push_back(groupIn(around, tokens, i, flowCount));
   }
   return ends;
 }

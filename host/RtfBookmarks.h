@@ -11,10 +11,11 @@ namespace ovalia::host {
 // One end of a bookmark: a group of its own in the document.
 struct RtfBookmarkEnd {
   Text name;
-  bool begins = false;              // else it ends
-  std::size_t open = 0, close = 0;  // the group's tokens
+  bool begins = false;  // else it ends
+  // The group's tokens; one that begins among the instructions of a field closes before the field.
+  std::size_t open = 0, close = 0;
   int flow = 0;  // the run of text it stands in: body, a header, a text box; no two have the same number
-  bool hidden = false;  // stands in what is no text at all, as the instructions of a field
+  bool hidden = false;  // stands in what is no text at all, or ends in the instructions of a field
 };
 
 // All ends, in the order of the document. Names are read in the document's code page; one that cannot be

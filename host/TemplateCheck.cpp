@@ -20,8 +20,10 @@ struct Bookmarks {
   std::vector<Text> marks, unknown;
 };
 
-// Word processors keep bookmarks of their own under such names.
-bool isHouseBookmark(TextView name) { return name.starts_with(u'_'); }
+// Word processors keep bookmarks of their own under such names, and call those of a field so that they copy.
+bool isHouseBookmark(TextView name) {
+  return name.starts_with(u'_') || name.find(u"_Copy_") != TextView::npos;
+}
 
 // TemplateFailure where it could not be filled.
 Bookmarks bookmarksOf(std::string_view document) {

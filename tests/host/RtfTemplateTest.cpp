@@ -74,6 +74,22 @@ TEST(RtfFilling, takes_fields_and_pictures_out_as_a_whole) {
             page(bookmark("A", "{\\uc1 x}")));
 }
 
+// Old forms have fields to fill in, each with a bookmark that begins within.
+TEST(RtfFilling, takes_the_field_of_a_form_for_the_text_of_its_bookmark) {
+  const std::string field =
+      "{\\field{\\*\\fldinst {{\\*\\bkmkstart A} FORMTEXT }{{\\*\\formfield{\\*\\ffname A}}}}{\\fldrslt "
+      "{r}}}";
+  EXPECT_EQ(filledBody("uno " + field + "\\sectd {{\\*\\bkmkend A} dos}", {{u"A", u"x"}}),
+            page("uno {\\uc1 x}\\sectd {{\\*\\bkmkend A} dos}"));
+  EXPECT_EQ(filledBody("{\\header " + field + "{\\*\\bkmkend A}}", {{u"A", u""}}),
+            page("{\\header {\\*\\bkmkend A}}"));
+  EXPECT_EQ(filledBody("uno " + field + "{\\*\\bkmkend A}", {}), page("uno " + field + "{\\*\\bkmkend A}"));
+  EXPECT_THAT(refusal(page("{\\header " + field + "}{\\*\\bkmkend A}")),
+              HasSubstr("en una parte del documento"));
+  EXPECT_THAT(refusal(page("{\\field{\\*\\fldinst IF " + field + "}{\\fldrslt s}}{\\*\\bkmkend A}")),
+              HasSubstr("dentro de un campo"));
+}
+
 TEST(RtfFilling, keeps_cells_and_groups_that_reach_over_the_end) {
   EXPECT_EQ(filledBody("{\\b " + std::string("{\\*\\bkmkstart A}uno\\cell }{\\i dos{\\*\\bkmkend A}}"),
                        {{u"A", u"x"}}),

@@ -58,8 +58,8 @@ TEST_F(TemplateChecks, find_the_sample_templates_good) {
 }
 
 TEST_F(TemplateChecks, tell_what_is_filled_and_what_is_not_known) {
-  const TemplateReport report =
-      check(page({"Asunto", "Ubicaci\\'f3n", "Autor2", "Refrencia", "Zzzzzzzz", "_GoBack", "asunto"}));
+  const TemplateReport report = check(page(
+      {"Asunto", "Ubicaci\\'f3n", "Autor2", "Refrencia", "Zzzzzzzz", "_GoBack", "asunto", "Asunto_Copy_1"}));
   EXPECT_FALSE(report.good);
   EXPECT_EQ(toUtf8(report.text), "Plantilla: " + (folder.path() / "Carta.dot").string() +
                                      "\n"
