@@ -123,6 +123,7 @@ class ModelsChapter {
         [&] {
           tellModels();
           stage_.picture("modelos.png");
+          markApart();
           stage_.types(u"txtNotas", QStringLiteral("vivienda y garaje"));
           stage_.clicks(u"cmdSel");
           tellModels();
@@ -137,6 +138,20 @@ class ModelsChapter {
     book_.line(u"Se abre " + opened[0].told);
     book_.check(contentOf(toUtf8(opened[0].path)) == contentOf(models_ / toUtf8(contract)),
                 u"la copia es como el modelo");
+  }
+
+  // Two rows with one between them, by the keyboard alone.
+  void markApart() {
+    auto& grid = dynamic_cast<QTableView&>(stage_.drawn(u"grdPlantilla"));
+    TourStage::press(grid, Qt::Key_Home);
+    for (int i = 0; i < 2; ++i) TourStage::press(grid, Qt::Key_Down, Qt::ControlModifier);
+    TourStage::press(grid, Qt::Key_Space);
+    stage_.picture("modelos-marcados.png");
+    const auto marked = [&](int row) {
+      return grid.selectionModel()->isSelected(grid.model()->index(row, 1));
+    };
+    if (models().rowCount() > 2)
+      book_.check(marked(0) && !marked(1) && marked(2), u"están marcadas la primera y la tercera fila");
   }
 
   void tellModels() {

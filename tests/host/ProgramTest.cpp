@@ -100,7 +100,7 @@ TEST_F(Program, tours_all_kinds_documents_prints_models_and_mail_on_its_first_st
   EXPECT_FALSE(folder.has("datos/Trash")) << "the user's own bin is left alone";
   EXPECT_FALSE(folder.has("fotos/aviso.png"));
   for (const char* picture : {"agencia", "mover", "movida", "correo", "modelo-crear", "modelo-repetido",
-                              "modelos", "modelos-seleccion"})
+                              "modelos", "modelos-marcados", "modelos-seleccion"})
     expectPicture(picture);
   for (const std::string kind : {"nota", "visita", "anuncio", "llamada"}) {
     for (const char* end : {"", "-cambiada", "-pregunta", "-rechazada", "-nueva", "-encontrada"})
