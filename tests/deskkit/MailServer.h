@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <string>
 #include <thread>
 
@@ -49,6 +50,7 @@ class MailServer {
 
   Manner manner_;
   int recipients_ = 0;
+  std::atomic<bool> finishing_ = false;
   int listener_, client_ = -1;
   int port_ = 0;
   std::string heard_;

@@ -45,9 +45,13 @@ class MailsOfTheUser : public DeskTest {
     return dialog.sent();
   }
   // A button by its letter: it is seen to go down and up before it does what it says.
-  static void clicks(const char* letter) {
+  void clicks(const char* letter) {
     letters(letter);
-    QTest::qWait(200);
+    EXPECT_TRUE(deskkit::eventually([this] {
+      for (const QPushButton* button : shown_ ? shown_->findChildren<QPushButton*>() : QList<QPushButton*>())
+        if (button->isDown()) return false;
+      return true;
+    }));
   }
   MailDialog& dialog() { return *shown_; }
   QListWidget& list() { return *shown_->findChild<QListWidget*>("adjuntos"); }
@@ -88,7 +92,7 @@ TEST_F(MailsOfTheUser, reach_the_server_as_they_were_written) {
   MailMessage mail = draft();
   mail.attachments = {file("4073F00.pdf", bytes, u"Plano, del ático y «señal».pdf"),
                       file("4073F01.txt", "uno\ndos\r\ntres", u"notas.txt"), file("4073F02.doc", "", u"")};
-  EXPECT_TRUE(whileUp(mail, smtp.url(), [] {
+  EXPECT_TRUE(whileUp(mail, smtp.url(), [&] {
     types("ana@cliente.es; Óscar Güell <oscar@agencia.es>");
     clicks("E");
   }));
