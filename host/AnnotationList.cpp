@@ -1,13 +1,16 @@
 #include "host/AnnotationList.h"
 
 #include "host/Answers.h"
-#include "host/HostForms.h"
 #include "host/MailImport.h"
 
 namespace ovalia::host {
 
 AnnotationList::AnnotationList(const ListDesign& design, Workplace& workplace)
     : design_(design), workplace_(workplace) {}
+
+const HostForm& AnnotationList::hangsOn() const {
+  return hostForm(design_.hangsOn.empty() ? design_.form : design_.hangsOn);
+}
 
 void AnnotationList::open(std::int32_t parent) {
   if (parent == parent_) return;
@@ -67,7 +70,7 @@ CNota& AnnotationList::nota() {
   nota.cUsuario = agency.user;
   nota.IdAgencia = agency.id;
   nota.NAgencia = agency.number;
-  nota.Cabecera = Text(hostForm(design_.form).header);
+  nota.Cabecera = Text(hangsOn().header);
   nota.Tipo = kindName(annotations().kind);
   nota.Nota = design_.table;
   nota.IdPr = design_.idColumn;
@@ -79,13 +82,13 @@ CNota& AnnotationList::nota() {
 }
 
 void AnnotationList::openCard() {
-  nota().AbreNota();
+  showing([this] { nota().AbreNota(); });
   reload();
   changed();
 }
 
 void AnnotationList::createCard() {
-  nota().CreaNota();
+  showing([this] { nota().CreaNota(); });
   reload();
   changed();
 }

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "component/CNota.h"
+#include "host/HostForms.h"
 #include "host/Queries.h"
 #include "host/Workplace.h"
 
@@ -17,6 +18,7 @@ class AnnotationList {
   AnnotationList(const ListDesign& design, Workplace& workplace);
 
   const ListDesign& design() const { return design_; }
+  const HostForm& hangsOn() const;  // the form of the records that its rows hang on
   const AnnotationTable& annotations() const { return annotationTable(design_.table); }
 
   // Stands on another parent; 0 is none and gives an empty list. Nothing is read before it is asked for.
@@ -50,6 +52,11 @@ class AnnotationList {
   // Makes notes of mails that the user chooses, reads the list again and gives the key of the last, 0 without
   // one. The list stays on its row, for its card may be open. A list that takes no mails says so.
   std::int32_t takeMails();
+
+  // Runs what keeps a card of the list on the screen; who answers for the list's parents does so meanwhile.
+  std::function<void(const std::function<void()>&)> showing = [](const std::function<void()>& card) {
+    card();
+  };
 
   // Called when rows may have changed: a card asked for a reload, or it closed.
   std::function<void()> changed = [] {};

@@ -147,11 +147,11 @@ MembersRef controller(const CardLink& link) {
   MemberTable& members = *vClase;
   members.property(u"cEstado", [link](Arguments) -> Variant { return std::int16_t(cardOf(link).state()); });
   members.property(u"NumNuevo", [link](Arguments) -> Variant { return cardOf(link).newNumber(); });
-  members.property(u"IdRegistro", [link](Arguments) -> Variant { return cardOf(link).record(); });
+  members.property(u"IdRegistro", [link](Arguments) -> Variant { return cardOf(link).parentRecord(); });
   members.property(u"NumFicha", [link](Arguments) -> Variant { return cardOf(link).record(); });
-  members.property(u"tabla", [link](Arguments) -> Variant { return cardOf(link).form().table; });
-  members.property(u"IdTabla", [link](Arguments) -> Variant { return cardOf(link).form().key; });
-  collection(members, u"Registros", [link]() -> ObjectRef { return cardOf(link).rows(); });
+  members.property(u"tabla", [link](Arguments) -> Variant { return cardOf(link).parentForm().table; });
+  members.property(u"IdTabla", [link](Arguments) -> Variant { return cardOf(link).parentForm().key; });
+  collection(members, u"Registros", [link]() -> ObjectRef { return cardOf(link).parentRows(); });
   members.method(u"AvisoCambio", [link](Arguments arguments) -> Variant {
     const bool ask = arguments.empty() || arguments[0].text() == u"Preguntar";
     return ask ? cardOf(link).settle() : cardOf(link).save();

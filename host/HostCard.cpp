@@ -31,7 +31,36 @@ HostCard::HostCard(const HostForm& form, Workplace& workplace, std::int32_t reco
     if (list.annotations().kind != Kind::Llamada) list.open(record);
     if (design.grid == u"grdLlamada") followAdvertisement();
     list.visitPlace = [this] { return form_.place.empty() ? Text() : rows_->value(form_.place).text(); };
+    list.showing = [this, &list](const std::function<void()>& card) { speak(list, card); };
   }
+}
+
+void HostCard::speak(AnnotationList& list, const std::function<void()>& card) {
+  struct Before {
+    AnnotationList*& place;
+    AnnotationList* list;
+    ~Before() { place = list; }
+  } before{speaking_, speaking_};
+  speaking_ = &list;
+  card();
+}
+
+bool HostCard::parentIsElsewhere() const { return speaking_ && !speaking_->design().hangsOn.empty(); }
+
+const HostForm& HostCard::parentForm() const { return parentIsElsewhere() ? speaking_->hangsOn() : form_; }
+
+std::int32_t HostCard::parentRecord() const {
+  if (!parentIsElsewhere()) return record_;
+  const auto rows = speaking_->recordset();
+  if (rows->AbsolutePosition() < 0) return 0;
+  const Variant parent = rows->value(u"Id");
+  return parent.isNull() ? 0 : parent.toLong();
+}
+
+dao::RecordsetRef HostCard::parentRows() const {
+  if (!parentIsElsewhere()) return rows_;
+  return workplace_.agency.database->OpenRecordset(cardQuery(parentForm(), parentRecord()),
+                                                   dao::dbOpenSnapshot);
 }
 
 Text HostCard::caption() const { return Text(form_.caption) + u" " + rows_->value(form_.titleField).text(); }

@@ -24,6 +24,13 @@ class HostCard {
   dao::RecordsetRef rows() const { return rows_; }
   Text caption() const;  // "Inmueble V-1001"
 
+  // The record that the annotation on the screen hangs on: this one, or another's where one of its lists
+  // shows annotations from elsewhere. Its form, its number (0 where a list stands on no row), and it as one
+  // row.
+  const HostForm& parentForm() const;
+  std::int32_t parentRecord() const;
+  dao::RecordsetRef parentRows() const;
+
   // The number that a further record of the table would get.
   std::int32_t newNumber() const;
 
@@ -58,6 +65,8 @@ class HostCard {
   };  // keys of the rows that the user has marked
 
  private:
+  void speak(AnnotationList& list, const std::function<void()>& card);
+  bool parentIsElsewhere() const;
   bool canStore(const FieldDesign& field, TextView text) const;
 
   const HostForm& form_;
@@ -66,6 +75,7 @@ class HostCard {
   dao::RecordsetRef rows_;
   std::map<Text, Text> edits_;  // by field
   std::vector<std::unique_ptr<AnnotationList>> lists_;
+  AnnotationList* speaking_ = nullptr;  // the list that has a card on the screen
 };
 
 }  // namespace ovalia::host

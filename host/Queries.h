@@ -27,6 +27,7 @@ struct ListDesign {
   TextView idColumn;   // the column that `Id` stands for and that a new row is hung on
   TextView condition;  // "%" is the parent's number
   bool mayCreate;
+  TextView hangsOn = u"";  // the form of the records that its rows hang on, where these are others
 };
 
 std::span<const ListDesign> lists();

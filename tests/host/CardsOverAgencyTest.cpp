@@ -74,20 +74,20 @@ TEST_F(CardsOverAgency, an_appointment_of_a_diary_belongs_to_no_property) {
   EXPECT_EQ(stored(u"VisitaIP", u"IdUsu", key).toLong(), 3);
 }
 
-TEST_F(CardsOverAgency, a_visit_to_a_property_keeps_it_when_saved_from_a_diary) {
+TEST_F(CardsOverAgency, a_visit_to_a_property_keeps_it_when_saved_from_the_page_of_its_salesperson) {
   open(u"FichaUsuario", 3);
-  AnnotationList& diary = list(u"grdVisita");
-  diary.recordset()->FindFirst(u"Id Is Null");
-  const std::int32_t key = diary.currentKey();
+  AnnotationList& visits = list(u"grdVisitaInm");
+  const std::int32_t key = visits.currentKey();
   const Text property = stored(u"VisitaIP", u"IdInm", key).text();
   desk.whileShown([&] {
-    EXPECT_TRUE(desk.top().Caption().starts_with(u"Cita: "));
+    EXPECT_TRUE(desk.top().Caption().starts_with(u"Inmueble: " + property + u" - Visita: "));
     user.types(u"txtAsunto", u"Cambiada");
     user.clicks(u"ID_Guardar");
   });
-  diary.openCard();
+  visits.openCard();
   EXPECT_EQ(stored(u"VisitaIP", u"Asunto", key).text(), u"Cambiada");
   EXPECT_EQ(stored(u"VisitaIP", u"IdInm", key).text(), property);
+  EXPECT_TRUE(stored(u"VisitaIP", u"IdUsu", key).isNull());
 }
 
 TEST_F(CardsOverAgency, a_misspelt_client_is_held_back_and_put_right) {

@@ -59,6 +59,7 @@ TEST_F(Queries, calls_have_no_parent_column_and_no_attachments) {
 TEST_F(Queries, only_lists_of_properties_name_the_property) {
   EXPECT_TRUE(open(list(u"FichaInm", u"grdVisita"))->fields().contains(u"IdInm"));
   EXPECT_FALSE(open(list(u"FichaUsuario", u"grdVisita"))->fields().contains(u"IdInm"));
+  EXPECT_TRUE(open(list(u"FichaUsuario", u"grdVisitaInm"))->fields().contains(u"IdInm"));
   EXPECT_FALSE(open(list(u"FichaExpV", u"grdNota"))->fields().contains(u"IdInm"));
 }
 
@@ -119,12 +120,21 @@ TEST_F(Queries, lists_begin_with_the_newest) {
   }
 }
 
-TEST_F(Queries, a_diary_holds_visits_to_properties_and_appointments) {
-  const auto rows = open(list(u"FichaUsuario", u"grdVisita"), 3);
-  rows->FindFirst(u"Id Is Null");
-  EXPECT_FALSE(rows->NoMatch());
-  rows->FindFirst(u"Id = 3");
-  EXPECT_FALSE(rows->NoMatch());
+TEST_F(Queries, each_appointment_and_visit_of_a_user_is_in_one_list_under_what_it_hangs_on) {
+  const auto appointments = open(list(u"FichaUsuario", u"grdVisita"), 3);
+  EXPECT_GT(appointments->RecordCount(), 0);
+  appointments->FindFirst(u"Id <> 3");
+  EXPECT_TRUE(appointments->NoMatch());
+  const auto visits = open(list(u"FichaUsuario", u"grdVisitaInm"), 3);
+  EXPECT_GT(visits->RecordCount(), 0);
+  visits->FindFirst(u"Id Is Null Or Id <> IdInm Or IdComercial <> 3");
+  EXPECT_TRUE(visits->NoMatch());
+  const auto others = open(list(u"FichaUsuario", u"grdCita"), 3);
+  EXPECT_GT(others->RecordCount(), 0);
+  others->FindFirst(u"Id Is Null Or Id = 3 Or IdComercial <> 3");
+  EXPECT_TRUE(others->NoMatch());
+  EXPECT_EQ(appointments->RecordCount() + visits->RecordCount() + others->RecordCount(),
+            one(u"SELECT Count(*) FROM VisitaIP WHERE IdComercial = 3 OR IdUsu = 3").toLong());
 }
 
 TEST_F(Queries, deleting_takes_the_annotation_and_leaves_the_people) {
