@@ -9,8 +9,14 @@ namespace ovalia {
 
 namespace {
 
+// Another desk may make the same folder between the look and the making.
 void makeWhereMissing(TextView folder) {
-  if (!ExisteDirectorio(folder)) Platform::current().files->makeDirectory(folder);
+  if (ExisteDirectorio(folder)) return;
+  try {
+    Platform::current().files->makeDirectory(folder);
+  } catch (const Failure& failure) {
+    if (failure.number() != failure::pathFileAccess || !ExisteDirectorio(folder)) throw;
+  }
 }
 
 }  // namespace
