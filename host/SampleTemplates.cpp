@@ -91,7 +91,7 @@ constexpr SampleTemplate templates[] = {
      u"Asunto:\t[Asunto]\n"
      u"Atendida por:\t[Autor]\n"
      u"Fecha:\t[Fecha]\n"
-     u"Anuncio número:\t[Id]\n"
+     u"Llamada número:\t[Id]\n"
      u"\n"
      u"[Notas]\n",
      u""},

@@ -64,7 +64,7 @@ constexpr Expected ofAdvertisement[] = {
 constexpr Expected ofCall[] = {{u"la fecha", u"FechaAlta", annotation, u"Fecha: "},
                                {u"las notas", u"Notas", annotation},
                                {u"el autor", u"Nombre", author, u"Atendida por: "},
-                               {u"el anuncio", u"IdAnuncio", annotation, u"Anuncio número: "}};
+                               {u"el número", u"IdLlamada", annotation, u"Llamada número: "}};
 
 enum class Destination { pdf, screen };
 QString shownAs(Destination destination) {

@@ -118,7 +118,7 @@ TEST_F(Program, tours_all_kinds_documents_prints_models_and_mail_on_its_first_st
         "(1F03.doc): text/plain",
         "«Arras: señal de 3.000 €.doc», fichero 1F02.doc", "papelera: 1F03.doc, 13 bytes",
         "Cuadro «Mover la nota marcada a»", "Bien: la nota cuelga de otro inmueble", "fichero 2F00.doc",
-        "tiene el propietario: «", "tiene el visitante: «", "tiene el medio: «", "tiene el anuncio: «",
+        "tiene el propietario: «", "tiene el visitante: «", "tiene el medio: «", "tiene el número: «",
         "Bien: la base de datos tiene el modelo «Contrato de alquiler con garaje.rtf» con sus notas",
         "Bien: la copia es como el modelo", "Para: propietario@correo.example",
         "Recorrido terminado: todo ha ido como se esperaba."})
