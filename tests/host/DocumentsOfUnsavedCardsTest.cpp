@@ -4,28 +4,14 @@
 namespace ovalia::host {
 
 using deskkit::enter;
-using deskkit::escape;
 using deskkit::letters;
 using deskkit::press;
-using deskkit::tab;
 using deskkit::types;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
 class DocumentsOfUnsavedCards : public TemplatesAtTheDesk {
  protected:
-  // Takes the first model of the list.
-  static void attachingModel() {
-    onForm(
-        u"ListaModelos",
-        [] {
-          tab(false);
-          tab(false);
-          ASSERT_EQ(focused(), u"cmdAceptar");
-          press(Qt::Key_Space, Qt::NoModifier, " ");
-        },
-        [] { fromDocuments("DM"); });
-  }
   std::int32_t notesOfProperty() {
     return one(u"SELECT COUNT(*) FROM NotaIP WHERE IdInm = " + toText(property)).toLong();
   }

@@ -56,6 +56,18 @@ class KindsAtTheDesk : public DocumentsAtTheDesk {
     }
     deskkit::letters(letters);
   }
+  // Takes the first model of the list.
+  static void attachingModel() {
+    onForm(
+        u"ListaModelos",
+        [] {
+          deskkit::tab(false);
+          deskkit::tab(false);
+          ASSERT_EQ(focused(), u"cmdAceptar");
+          deskkit::press(Qt::Key_Space, Qt::NoModifier, " ");
+        },
+        [] { fromDocuments("DM"); });
+  }
   std::int32_t keyOf(const KindAtTheDesk& kind) {
     return newest(kind.table, kindKey(annotationTable(kind.table).kind));
   }

@@ -7,7 +7,6 @@ namespace ovalia::host {
 
 using deskkit::enter;
 using deskkit::press;
-using deskkit::tab;
 using deskkit::types;
 using testing::ElementsAre;
 
@@ -27,18 +26,6 @@ class ModelsOfEachKind : public KindsAtTheDesk {
         },
         [] { fromDocuments("C"); });
   }
-  // Takes the first of the list.
-  static void attaching() {
-    onForm(
-        u"ListaModelos",
-        [] {
-          tab(false);
-          tab(false);
-          ASSERT_EQ(focused(), u"cmdAceptar");
-          press(Qt::Key_Space, Qt::NoModifier, " ");
-        },
-        [] { fromDocuments("DM"); });
-  }
 };
 
 TEST_F(ModelsOfEachKind, a_document_of_each_becomes_a_model_and_comes_back_as_another_document) {
@@ -50,7 +37,7 @@ TEST_F(ModelsOfEachKind, a_document_of_each_becomes_a_model_and_comes_back_as_an
       tabTo(u"LsvDocu");
       press(Qt::Key_Down);
       making(name);
-      attaching();
+      attachingModel();
       EXPECT_THAT(listed(), ElementsAre("Año «1».txt", name));
     });
     EXPECT_EQ(one(u"SELECT COUNT(*) FROM Plantilla").toLong(), ++made);
